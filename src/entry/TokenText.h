@@ -1,0 +1,20 @@
+#pragma once
+// Small tests on token text, shared by the entry rules and the expression builder.
+
+#include <string>
+
+namespace vt {
+
+// s compares, as a whole string in binary order, between "A" and "Z" or between "a" and "z".
+// So "S", "x" and also "abs(" are letters.
+bool IsLetter(const std::string& s);
+// "-", "+", "*" or "/".
+bool IsOperator(const std::string& s);
+// "-" or "+".
+bool IsSign(const std::string& s);
+// Not an operator, and some "/" in s has a digit just before it ("3/4", "12/5").
+bool IsNumberFraction(const std::string& s);
+// The numeric-text test of the number text module ("" is not numeric).
+bool IsNumeric(const std::string& s);
+
+} // namespace vt

@@ -1,0 +1,33 @@
+#include <gtest/gtest.h>
+
+#include "session/Session.h"
+
+namespace vt {
+
+TEST(CheckedArrays, BoundsAreThoseDeclared) {
+    Session s;
+    // Per-slot arrays reach 0..10; an index of 5 to 10 is an empty slot, 11 is an error.
+    EXPECT_EQ(s.TokenCount(5), 0);
+    EXPECT_EQ(s.EntryTokens(2000, 10), "");
+    EXPECT_THROW(s.TokenCount(11), SubscriptError);
+    EXPECT_THROW(s.EntryTokens(2001, 0), SubscriptError);
+    EXPECT_THROW(s.EntryTokens(0, -1), SubscriptError);
+    // ScriptText has five entries only.
+    EXPECT_EQ(s.ScriptText(4), "");
+    EXPECT_THROW(s.ScriptText(5), SubscriptError);
+}
+
+TEST(SessionDefaults, StartAsTheProgramStarts) {
+    Session s;
+    EXPECT_EQ(s.ViewXMin, -20);
+    EXPECT_EQ(s.ViewYMax, 20);
+    EXPECT_EQ(s.GridColor, "16766596");
+    EXPECT_EQ(s.ShadeColor, "14737632");
+    EXPECT_TRUE(s.CurveColor.empty());
+    EXPECT_EQ(s.Slider1, 3);
+    EXPECT_EQ(s.Picture1(0), 0x0000FFu);
+    EXPECT_EQ(s.Picture1(4), 0x0080FFu);
+    EXPECT_EQ(s.Picture1(6), 0xFF0000u);
+}
+
+} // namespace vt
