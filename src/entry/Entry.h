@@ -1,0 +1,52 @@
+#pragma once
+// Equation entry: keys into a row's token list under the entry rules.
+
+#include <string>
+#include <string_view>
+
+#include "session/Session.h"
+
+namespace vt {
+
+// The key-class mask text read as a binary number, leftmost character highest, any character
+// other than "1" counting as 0. "00011110111111" gives 1983.
+int BitsToMask(std::string_view bits);
+// Sets AllowedKeys as the program does at start.
+void SetKeyMask(Session& s);
+
+// A key for the active row (Index is not used). Appends a token, carries out Backspace (8), or
+// refuses silently; then regroups, rebuilds and repaints the rows.
+void Paper_KeyPress(Session& s, int index, int keyAscii);
+
+// Whether key may follow what stands at the end of the active row; updates the row's flags.
+bool CheckKey(Session& s, const std::string& key);
+// Merges numbers into groups in DisplayTokens of the active row; sets DisplayCount.
+void GroupTokens(Session& s);
+// Rebuilds LetterList from the active row.
+void CollectLetters(Session& s);
+// Index of s in LetterList, 0 if absent.
+int LetterPosition(const Session& s, const std::string& letter);
+
+// The row's tokens joined.
+std::string EntryText(const Session& s, int slot);
+// Stores a display text into the active row, one character per cell.
+void StoreDisplayText(Session& s, const std::string& text);
+
+// Whether the graph commands may run: no row incomplete, and some row up to LastFilledSlot has
+// tokens.
+bool CanGraph(const Session& s);
+// Returns all entry variables to their start.
+void ResetEntryState(Session& s);
+// The reset of everything that a file load runs first.
+void ClearAllRows(Session& s);
+
+// Feeds a slot's text as a file load does: TrigFromMenu set, the slot active, each character's
+// code through Paper_KeyPress; then TrigFromMenu cleared and slot 0 active.
+void ReplaySlotKeys(Session& s, int slot, std::string_view keys);
+
+// The Insert commands for sine, cosine and tangent (mnuSin_Click, mnuCos_Click, mnuTan_Click).
+void mnuSin_Click(Session& s);
+void mnuCos_Click(Session& s);
+void mnuTan_Click(Session& s);
+
+} // namespace vt
