@@ -1,0 +1,32 @@
+#pragma once
+// A few helpers to write JSON by hand: the command-line output is small and fixed in shape.
+
+#include <string>
+
+namespace vt::cli {
+
+inline std::string JsonString(const std::string& text) {
+    std::string out = "\"";
+    for (unsigned char c : text) {
+        switch (c) {
+        case '"': out += "\\\""; break;
+        case '\\': out += "\\\\"; break;
+        case '\n': out += "\\n"; break;
+        case '\r': out += "\\r"; break;
+        case '\t': out += "\\t"; break;
+        default:
+            if (c < 0x20) {
+                char buffer[8];
+                std::snprintf(buffer, sizeof buffer, "\\u%04x", c);
+                out += buffer;
+            } else {
+                out += static_cast<char>(c);
+            }
+        }
+    }
+    return out + "\"";
+}
+
+inline const char* JsonBool(bool value) { return value ? "true" : "false"; }
+
+} // namespace vt::cli
