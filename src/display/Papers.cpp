@@ -1,5 +1,7 @@
 #include "display/Papers.h"
 
+#include "display/Typesetter.h"
+#include "session/Surface.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -7,8 +9,11 @@ namespace vt {
 void RedrawPapers(Session& s) {
     const int keep = s.ActiveSlot;
     for (int i = 0; i < UsableSlots; ++i) {
-        const std::string text = DisplayText(s, i);
+        Surface* paper = s.Paper[static_cast<std::size_t>(i)];
+        if (paper != nullptr) paper->Cls();
+        std::string text = DisplayText(s, i);
         s.ActiveSlot = i;
+        if (paper != nullptr) PrintEquation(s, text, *paper, false);
         if (!text.empty()) s.LastFilledSlot = i;
     }
     s.ActiveSlot = keep;

@@ -8,6 +8,10 @@
 
 namespace vt {
 
+// Key codes with a meaning of their own in a row.
+constexpr int BackspaceKey = 8;
+constexpr int EnterKey = 13;
+
 // The key-class mask text read as a binary number, leftmost character highest, any character
 // other than "1" counting as 0. "00011110111111" gives 1983.
 int BitsToMask(std::string_view bits);
@@ -27,8 +31,14 @@ void CollectLetters(Session& s);
 // Index of s in LetterList, 0 if absent.
 int LetterPosition(const Session& s, const std::string& letter);
 
+// Token i of the active row; the empty string for a cell outside the row (before cell 0 or past
+// cell 2000), which is what an empty cell reads as.
+const std::string& ActiveToken(const Session& s, int i);
+
 // The row's tokens joined.
 std::string EntryText(const Session& s, int slot);
+// The active row's tokens joined.
+std::string EntryText(const Session& s);
 // Stores a display text into the active row, one character per cell.
 void StoreDisplayText(Session& s, const std::string& text);
 

@@ -5,9 +5,12 @@
 #include <array>
 #include <functional>
 
+#include "analysis/AnalysisState.h"
+#include "display/DisplayState.h"
 #include "entry/EntryState.h"
 #include "plot/PlotState.h"
 #include "session/CoreState.h"
+#include "session/WindowState.h"
 #include "translate/BuildState.h"
 
 namespace vt {
@@ -15,7 +18,8 @@ namespace vt {
 class Surface;
 class Platform;
 
-struct Session : CoreState, EntryState, BuildState, PlotState {
+struct Session : CoreState, EntryState, BuildState, PlotState, DisplayState, WindowState,
+                 AnalysisState {
     // What the logic asks of the window, bound by whoever shows the session. Unbound, they do
     // nothing, which is what the command-line companion wants.
     std::function<void(bool)> SetGraphCommandsEnabled; // toolbar buttons 1, 12, 13 and the menus
@@ -23,6 +27,10 @@ struct Session : CoreState, EntryState, BuildState, PlotState {
 
     // The surfaces of the five rows (Paper(0)..Paper(4)), when there are any.
     std::array<Surface*, UsableSlots> Paper{};
+
+    // The modal dialogs (message boxes) when there is a window; null in the command-line
+    // companion, where a message has no one to read it.
+    Platform* Host = nullptr;
 };
 
 } // namespace vt

@@ -95,6 +95,9 @@ public:
     // The persistent image of what was drawn.
     virtual PixelImage Image() const = 0;
     virtual void Refresh() {}
+    // Ends the page and starts the next one; the pen goes to the scale's origin. Only the
+    // printer's page has pages: elsewhere it does nothing.
+    virtual void NewPage() {}
 
     // Twips per pixel of the screen: fixed at 15 so that every machine draws alike.
     static constexpr int TwipsPerPixel = 15;

@@ -1,16 +1,539 @@
 #include "translate/Graphable.h"
 
+#include "entry/Entry.h"
+#include "entry/TokenText.h"
+
 namespace vt {
+
+namespace {
+
+bool IsTrigToken(const std::string& t) {
+    return t == "S" || t == "C" || t == "T";
+}
+
+// One run of the builder over a row. The working grids BuildSource and BuildTokens hold token
+// number k at cell 4k; the three cells behind a token are its gaps, where group closers go.
+// BuildPos is the next free token cell and equals the read position throughout the scan.
+// Every cell is reached through the checked grids: a row too long for them, or parentheses
+// deeper than TermStart holds, ends the run with SubscriptError for the key handler to deal with.
+struct BuilderRun {
+    Session& s;
+    const int slot;
+
+    int level = 0;    // parenthesis depth
+    int barDepth = 0; // second index of TermStart
+    bool inBar = false;
+    int fractionLevel = 0;
+    int exponentLevel = 0;
+    int rootLevel = 0;
+    bool bracketSeen = false;
+    bool fractionWasClosed = false;
+    int lastFractionClose = 0;
+
+    BuilderRun(Session& session, int activeSlot) : s(session), slot(activeSlot) {}
+
+    std::string& Cell(int k) { return s.BuildTokens(k); }
+
+    bool FractionHere() const { return s.FractionOpen(slot) && fractionLevel == level; }
+    bool ExponentHere() const { return s.ExponentOpen(slot) && exponentLevel == level; }
+    bool RootHere() const { return s.RootOpen(slot) && rootLevel == level; }
+
+    void CopyToken(int i) {
+        if (s.BuildSource(i).empty()) return;
+        Cell(s.BuildPos) = s.BuildSource(i);
+        s.BuildPos += 4;
+    }
+
+    // Closes the groups asked for at token i, walking back to their markers. Inside an open
+    // bar the walk may not pass the bar, so a group opened before the bar stays open. The
+    // closers, innermost first, go into the free gap cells in front of token i.
+    void CloseGroups(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
+        bool allowed = true;
+        std::string closers;
+        for (int k = i; k >= 1; --k) {
+            const std::string& cell = Cell(k);
+            if (cell == "^" && closeExponent) {
+                if (allowed) {
+                    closers += "^";
+                    s.ExponentOpen(slot) = false;
+                    closeExponent = false;
+                }
+            } else if (cell == "#" && closeFraction) {
+                if (allowed) {
+                    closers += "#";
+                    s.FractionOpen(slot) = false;
+                    closeFraction = false;
+                }
+            } else if (cell == "~" && closeRoot) {
+                if (allowed) {
+                    closers += "~";
+                    s.RootOpen(slot) = false;
+                    closeRoot = false;
+                }
+            } else if (cell == "|" && inBar) {
+                allowed = false;
+            }
+        }
+        for (int a = 1; a <= 3; ++a) {
+            if (a > static_cast<int>(closers.size())) break;
+            for (int b = a; b <= 3; ++b) {
+                std::string& gap = Cell(i - 4 + b);
+                if (gap.empty()) {
+                    gap = closers.substr(static_cast<std::size_t>(a - 1), 1);
+                    break;
+                }
+            }
+        }
+        CopyToken(i);
+    }
+
+    // A closing bar ends the groups opened inside it. The closers share the one gap cell in
+    // front of the bar.
+    void CloseGroupsAtBar(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
+        std::string closers;
+        for (int k = i; k >= 1; --k) {
+            const std::string& cell = Cell(k);
+            if (cell == "|") break;
+            if (cell == "^" && closeExponent) {
+                closers += "^";
+                s.ExponentOpen(slot) = false;
+                closeExponent = false;
+            } else if (cell == "#" && closeFraction) {
+                closers += "#";
+                s.FractionOpen(slot) = false;
+                closeFraction = false;
+            } else if (cell == "~" && closeRoot) {
+                closers += "~";
+                s.RootOpen(slot) = false;
+                closeRoot = false;
+            }
+        }
+        Cell(s.BuildPos - 3) = closers;
+        CopyToken(i);
+    }
+
+    // An opening bar ends the groups before it, unless it is the first thing in an exponent or
+    // root (or follows only a sign there); a fraction whose "/" stands right before the bar
+    // keeps the bar as its denominator.
+    void CloseGroupsBeforeBar(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
+        const std::string& before = Cell(i - 4);
+        const std::string& before2 = Cell(i < 8 ? 0 : i - 8);
+        const bool keepOpen =
+            before == "^" || before == "~" || (before == "-" && (before2 == "^" || before2 == "~"));
+        std::string closers;
+        if (!keepOpen) {
+            const bool fractionMayClose = before != "/";
+            for (int k = i; k >= 1; --k) {
+                const std::string& cell = Cell(k);
+                if (cell == "^" && closeExponent) {
+                    closers += "^";
+                    s.ExponentOpen(slot) = false;
+                    closeExponent = false;
+                } else if (cell == "#" && closeFraction && fractionMayClose) {
+                    closers += "#";
+                    s.FractionOpen(slot) = false;
+                    closeFraction = false;
+                } else if (cell == "~" && closeRoot) {
+                    closers += "~";
+                    s.RootOpen(slot) = false;
+                    closeRoot = false;
+                }
+            }
+        }
+        Cell(s.BuildPos - 3) = closers;
+        CopyToken(i);
+    }
+
+    // At ")" every group opened since the matching "(" ends, whatever its level.
+    void CloseAtParen() {
+        int depth = level;
+        int offset = 3;
+        for (int k = s.BuildPos; k >= 1; --k) {
+            const std::string cell = Cell(k);
+            if (cell == "^" && s.ExponentOpen(slot)) {
+                Cell(s.BuildPos - offset) = "^";
+                --offset;
+                s.ExponentOpen(slot) = false;
+            } else if (cell == "#" && s.FractionOpen(slot)) {
+                Cell(s.BuildPos - offset) = "#";
+                --offset;
+                fractionWasClosed = true;
+                s.FractionOpen(slot) = false;
+            } else if (cell == "~" && s.RootOpen(slot)) {
+                Cell(s.BuildPos - offset) = "~";
+                --offset;
+                s.RootOpen(slot) = false;
+            } else if (const bool moveEarlierClose =
+                           Cell(lastFractionClose) == "#" && fractionWasClosed;
+                       moveEarlierClose ||
+                       (cell == "/" && !s.ExponentOpen(slot) && s.FractionOpen(slot))) {
+                if (!moveEarlierClose) {
+                    Cell(s.BuildPos - offset) = "#";
+                    lastFractionClose = s.BuildPos - offset;
+                    fractionWasClosed = false;
+                    s.FractionOpen(slot) = false;
+                } else {
+                    Cell(lastFractionClose) = "";
+                    s.FractionOpen(slot) = true;
+                }
+            } else if (cell == ")") {
+                ++depth;
+            } else if (cell == "(") {
+                if (depth == level) break;
+                --depth;
+            }
+        }
+    }
+
+    // A "/" makes the whole term since the last boundary the numerator; fraction markers inside
+    // that term are dropped, so a/b/c is one group with two slashes.
+    void Slash(int i, const std::string& prev) {
+        const bool guard = prev != "^" && prev != "~";
+        CloseGroups(i, FractionHere() && guard, RootHere() && guard, ExponentHere() && guard);
+        const int p = s.TermStart(level, barDepth);
+        if (!s.ExponentOpen(slot) && !s.FractionOpen(slot)) {
+            if (IsNumberFraction(prev)) {
+                // The fraction's level stays what it was.
+                Cell(p + 1) = "#";
+            } else {
+                fractionLevel = level;
+                if (Cell(p + 1) != "#" && Cell(p + 2) != "#" && Cell(p + 3) != "#")
+                    Cell(p + 1) = "#";
+            }
+            s.FractionOpen(slot) = true;
+        }
+        for (int k = s.BuildPos; k >= p + 4; --k)
+            if (Cell(k) == "#") Cell(k) = "";
+    }
+
+    void ScanToken(int i) {
+        const std::string tok = s.BuildSource(i);
+        const std::string prev = s.BuildSource(i - 4);
+        const std::string prev2 = s.BuildSource(i < 8 ? 0 : i - 8);
+        const bool guard = prev != "^" && prev != "~";
+        const bool afterSignedCaret = prev == "-" && prev2 == "^";
+
+        if (tok == "^" || tok == "?") {
+            Cell(s.BuildPos) = "^";
+            s.BuildPos += 4;
+            exponentLevel = level;
+            s.ExponentOpen(slot) = true;
+        } else if (IsNumberFraction(tok)) {
+            if (s.ExponentOpen(slot) || s.FractionOpen(slot)) {
+                CopyToken(i);
+                return;
+            }
+            Cell(s.BuildPos - 3) = "#";
+            CopyToken(i);
+            const std::string& next = s.BuildSource(i + 4);
+            if (!next.empty() && !IsOperator(next)) {
+                // The fraction stays open over the factors that follow.
+                s.FractionOpen(slot) = true;
+                fractionLevel = level;
+            } else {
+                Cell(s.BuildPos - 3) = "#";
+            }
+        } else if (tok == "-") {
+            CloseGroups(i, FractionHere() && guard, RootHere() && guard, ExponentHere() && guard);
+            if (prev != "~" && !s.ExponentOpen(slot)) s.TermStart(level, barDepth) = i;
+        } else if (tok == "+" || tok == "=") {
+            CloseGroups(i, FractionHere(), RootHere(), ExponentHere());
+            s.TermStart(level, barDepth) = i;
+        } else if (tok == "~") {
+            const bool keep = prev == "^" || prev == "/" || afterSignedCaret;
+            CloseGroups(i, FractionHere() && !keep, RootHere() && !keep, ExponentHere() && !keep);
+            s.RootOpen(slot) = true;
+            rootLevel = level;
+        } else if (tok == "(") {
+            if (IsTrigToken(prev) || prev == "/") {
+                CopyToken(i);
+            } else {
+                bool closeFraction = FractionHere() && guard;
+                bool closeRoot = RootHere() && guard;
+                bool closeExponent = ExponentHere() && guard;
+                if (prev == "-" && prev2 == "~") closeRoot = false;
+                if (afterSignedCaret) closeFraction = closeRoot = closeExponent = false;
+                CloseGroups(i, closeFraction, closeRoot, closeExponent);
+            }
+            ++level;
+            s.TermStart(level, barDepth) = i;
+        } else if (tok == ")") {
+            CloseAtParen();
+            --level;
+            CopyToken(i);
+        } else if (tok == "P") {
+            Cell(s.BuildPos) = "`";
+            s.BuildPos += 4;
+        } else if (tok == "/") {
+            Slash(i, prev);
+        } else if (IsNumeric(tok) && tok != "1") {
+            CopyToken(i);
+        } else if (tok == "#") {
+            CopyToken(i);
+        } else if (tok == "*") {
+            CloseGroups(i, FractionHere(), RootHere(), ExponentHere());
+            s.TermStart(level, barDepth) = i;
+        } else if (tok == "[" || tok == "]") {
+            if (s.ExponentOpen(slot)) {
+                Cell(s.BuildPos - 2) = "^";
+                s.ExponentOpen(slot) = false;
+            }
+            if (prev == "/" && tok == "[") bracketSeen = true;
+            if (s.FractionOpen(slot) && !bracketSeen) {
+                Cell(s.BuildPos - 2) = "#";
+                s.FractionOpen(slot) = false;
+            }
+            CopyToken(i);
+        } else if (tok == "|") {
+            const bool closeFraction = FractionHere();
+            const bool closeRoot = RootHere();
+            const bool closeExponent = ExponentHere();
+            if (!closeFraction && !closeRoot && !closeExponent) {
+                CopyToken(i);
+                inBar = !inBar;
+            } else if (inBar) {
+                CloseGroupsAtBar(i, closeFraction, closeRoot, closeExponent);
+                inBar = false;
+            } else {
+                CloseGroupsBeforeBar(i, closeFraction, closeRoot, closeExponent);
+                inBar = true;
+            }
+            if (inBar) {
+                ++barDepth;
+                s.TermStart(level, barDepth) = i;
+            } else {
+                --barDepth;
+            }
+        } else if (tok.empty()) {
+            // Past the last token.
+        } else if (IsTrigToken(tok)) {
+            // A function name ends a root whose digits it follows, and nothing else: an
+            // exponent or fraction goes on over sin(...).
+            if (RootHere() && prev != "~" && !s.ExponentOpen(slot)) {
+                Cell(s.BuildPos - 2) = "~";
+                s.RootOpen(slot) = false;
+            }
+            CopyToken(i);
+        } else if (IsLetter(tok)) {
+            // A new letter ends a group (the y of x^2y, the letter after a root's digits),
+            // where a digit would go on in it.
+            bool closeFraction = FractionHere() && guard;
+            bool closeRoot = RootHere() && guard;
+            bool closeExponent = ExponentHere() && guard;
+            if (prev == "/" || afterSignedCaret) closeFraction = closeRoot = closeExponent = false;
+            // Right after a number fraction the letter belongs to its denominator: 3/4x is three
+            // over 4x, as the number fraction left its group open for the factors that follow.
+            if (IsNumberFraction(prev)) closeFraction = false;
+            CloseGroups(i, closeFraction, closeRoot, closeExponent);
+        } else {
+            CopyToken(i);
+        }
+    }
+
+    void EndChecks() {
+        const std::string last = Cell(s.BuildPos - 4);
+        const bool looksFinished = !IsOperator(last) && level <= 0;
+        if (looksFinished && last != "," && last != "." && last != "^" &&
+            !(last == "~" && s.RootOpen(slot))) {
+            s.SlotIncomplete(slot) = s.OpenBars(slot) >= 1;
+        } else {
+            s.SlotIncomplete(slot) = true;
+        }
+        const bool ready = CanGraph(s);
+        if (s.SetGraphCommandsEnabled) s.SetGraphCommandsEnabled(ready);
+        s.InRoot(slot) = s.RootOpen(slot);
+        s.InExponent(slot) = s.ExponentOpen(slot);
+    }
+
+    // Groups still open at the end close behind the last token; an exponent with nothing in it
+    // gets "?" so that the display shows an empty box.
+    void CloseAtEnd() {
+        if (!s.FractionOpen(slot) && !s.RootOpen(slot) && !s.ExponentOpen(slot)) return;
+        std::string closers;
+        for (int k = s.BuildPos + 20; k >= 0; --k) {
+            const std::string& cell = Cell(k);
+            if (cell.empty()) continue;
+            if (cell == "#" && s.FractionOpen(slot)) {
+                closers += "#";
+                s.FractionOpen(slot) = false;
+            } else if (cell == "~" && s.RootOpen(slot)) {
+                closers += "~";
+                s.RootOpen(slot) = false;
+            } else if (cell == "^" && s.ExponentOpen(slot)) {
+                closers += Cell(s.BuildPos - 4) == "^" ? "?^" : "^";
+                s.ExponentOpen(slot) = false;
+            }
+        }
+        int start = 1;
+        if (Cell(s.BuildPos - 3).empty())
+            start = 3;
+        else if (Cell(s.BuildPos - 2).empty())
+            start = 2;
+        for (std::size_t c = 0; c < closers.size(); ++c)
+            Cell(s.BuildPos - start + static_cast<int>(c)) = closers.substr(c, 1);
+    }
+
+    // Turns the marked-up tokens into the evaluator text, a piece a cell, and writes the
+    // display cells on the way.
+    void TextStage() {
+        int o = 0;
+        bool textBar = false, textFraction = false, textExponent = false;
+        bool exponentHasParen = false, textRoot = false, rootHasParen = false, skipParen = false;
+        auto put = [&](const std::string& piece) {
+            s.GraphableCells(o, slot) = piece;
+            ++o;
+        };
+        const int lastCell = s.BuildPos + 20;
+        for (int i = 0; i <= lastCell; ++i) {
+            const std::string k = Cell(i);
+            if (k.empty()) continue;
+            s.DisplayTokens(i, slot) = k;
+            const std::string prevPiece = s.GraphableCells(o == 0 ? 0 : o - 1, slot);
+            const bool prevEndsInParen = !prevPiece.empty() && prevPiece.back() == ')';
+
+            if (IsNumberFraction(k)) {
+                std::string piece;
+                for (char c : k)
+                    piece += c == '/' ? std::string(")/(") : std::string(1, c);
+                put(piece);
+            } else if (k == "|" && textBar) {
+                put(")");
+                textBar = false;
+            } else if (k == "|") {
+                if (o != 0 && (IsLetter(prevPiece) || IsNumeric(prevPiece) || prevEndsInParen))
+                    put("*abs(");
+                else
+                    put("abs(");
+                textBar = true;
+            } else if (k == "#") {
+                put(textFraction ? ")" : "(");
+                textFraction = !textFraction;
+            } else if (k == "~" && !textRoot) {
+                if (Cell(i + 4) == "(") {
+                    put("(");
+                    rootHasParen = true;
+                } else {
+                    put(o != 0 && prevPiece == ")" ? "*(" : "(");
+                    rootHasParen = false;
+                }
+                textRoot = true;
+            } else if (k == "~") {
+                put(rootHasParen ? "^.5)" : ")^(.5)");
+                textRoot = false;
+            } else if (k == "^" && !textExponent) {
+                exponentHasParen = Cell(i + 4) != "(";
+                put(exponentHasParen ? "^(" : "^");
+                textExponent = true;
+            } else if (k == "^") {
+                if (exponentHasParen) put(")");
+                textExponent = false;
+            } else if (k == "`") {
+                // After a number the product with pi; elsewhere the bare constant, which has
+                // one digit fewer.
+                put(IsNumeric(prevPiece) ? "*3.14159265388" : "3.1415926538");
+            } else if (IsTrigToken(k) &&
+                       (prevEndsInParen || (!prevPiece.empty() && !IsOperator(prevPiece) &&
+                                            prevPiece.find('(') == std::string::npos))) {
+                put("*");
+                put(k);
+            } else if (k == "/" && !textExponent) {
+                put(")/(");
+            } else if (k == "(" && Cell(i + 4) == "(") {
+                // Of doubled parentheses one pair goes, as long as a ")" ")" pair follows.
+                bool pairAhead = false;
+                for (int j = i; j <= lastCell && !pairAhead; ++j)
+                    pairAhead = Cell(j) == ")" && Cell(j + 4) == ")";
+                if (pairAhead)
+                    skipParen = true;
+                else
+                    put("(");
+            } else if (k == ")" && Cell(i + 4) == ")" && skipParen) {
+                skipParen = false;
+            } else if (prevPiece == ")" && IsLetter(k)) {
+                put("*");
+                put(k);
+            } else {
+                put(k);
+            }
+        }
+    }
+
+    // The pieces joined, a multiplication sign between two bracketed factors, and the text
+    // stored back a character a cell.
+    void FinalText() {
+        const std::string joined = GraphableText(s, slot);
+        std::string text;
+        for (std::size_t c = 0; c < joined.size(); ++c) {
+            text += joined[c];
+            if (joined[c] == ')' && c + 1 < joined.size() && joined[c + 1] == '(') text += '*';
+        }
+        for (int c = 0; c <= CellUpper; ++c)
+            s.GraphableCells(c, slot) = "";
+        for (std::size_t c = 0; c < text.size(); ++c)
+            s.GraphableCells(static_cast<int>(c), slot) = text.substr(c, 1);
+    }
+};
+
+} // namespace
+
+bool GraphablePass(Session& s) {
+    BuilderRun run(s, s.ActiveSlot);
+    const int slot = run.slot;
+
+    s.FractionOpen(slot) = false;
+    s.RootOpen(slot) = false;
+    s.ExponentOpen(slot) = false;
+    s.BuildSource.Fill("");
+    // A run cut short by a row too long for the grids leaves its work behind; start clean.
+    s.BuildTokens.Fill("");
+
+    int end = 4;
+    for (int v = 1; v <= s.DisplayCount + 1; ++v) {
+        const std::string& tok = s.DisplayTokens(v, slot);
+        if (tok.empty()) continue;
+        s.BuildSource(end) = tok;
+        end += 4;
+    }
+
+    s.BuildPos = 4;
+    s.TermStart(0, 0) = 0;
+    s.TermStart(0, 1) = 0;
+    for (int i = 4; i <= end; i += 4)
+        run.ScanToken(i);
+
+    run.EndChecks();
+    run.CloseAtEnd();
+
+    for (int c = 0; c <= CellUpper; ++c) {
+        s.DisplayTokens(c, slot) = "";
+        s.GraphableCells(c, slot) = "";
+    }
+    run.TextStage();
+    run.FinalText();
+
+    s.BuildTokens.Fill("");
+    s.DisplayCount = s.BuildPos;
+    return true;
+}
+
+std::string BuildGraphable(Session& s) {
+    // A pass always completes, so one runs; the limit guards the loop all the same.
+    for (int pass = 1; pass <= 21; ++pass)
+        if (GraphablePass(s)) break;
+    return DisplayText(s, s.ActiveSlot);
+}
 
 std::string GraphableText(const Session& s, int slot) {
     std::string out;
-    for (int i = 0; i <= CellUpper; ++i) out += s.GraphableCells(i, slot);
+    for (int i = 0; i <= CellUpper; ++i)
+        out += s.GraphableCells(i, slot);
     return out;
 }
 
 std::string DisplayText(const Session& s, int slot) {
     std::string out;
-    for (int i = 0; i <= 1000; ++i) out += s.DisplayTokens(i, slot);
+    for (int i = 0; i <= 1000; ++i)
+        out += s.DisplayTokens(i, slot);
     return out;
 }
 

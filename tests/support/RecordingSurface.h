@@ -22,6 +22,19 @@ public:
 
     std::vector<std::string> Log;
 
+    // Every Print call with its exact pen position and text state, for tests that need more
+    // than the six digits of the log.
+    struct Printed {
+        std::string Text;
+        float X = 0;
+        float Y = 0;
+        std::string FontName;
+        float FontSize = 0;
+        Colour ForeColor = 0;
+        bool KeepLine = false;
+    };
+    std::vector<Printed> Prints;
+
     int PixelWidth() const override { return width_; }
     int PixelHeight() const override { return height_; }
 
@@ -50,6 +63,7 @@ public:
         CurrentY = y;
     }
     void Print(const std::string& text, bool keepLine) override {
+        Prints.push_back({text, CurrentX, CurrentY, FontName, FontSize, ForeColor, keepLine});
         Log.push_back(Format("Print %g,%g [", CurrentX, CurrentY) + text +
                       Format("] font=%s size=%g bold=%d color=%u", FontName.c_str(), FontSize,
                              FontBold ? 1 : 0, ForeColor));
@@ -75,6 +89,11 @@ public:
     void ExtFloodFill(int px, int py, Colour colour) override {
         Log.push_back(Format("FloodFill %d,%d surface=%u fill=%u style=%d", px, py, colour,
                              FillColor, FillStyle));
+    }
+    void NewPage() override {
+        Log.push_back("NewPage");
+        CurrentX = ScaleLeft;
+        CurrentY = ScaleTop;
     }
     PixelImage Image() const override {
         PixelImage image;

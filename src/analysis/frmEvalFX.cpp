@@ -1,0 +1,188 @@
+#include "analysis/frmEvalFX.h"
+
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+
+#include "app/qt/SurfaceView.h"
+#include "render/Fonts.h"
+#include "render/RasterSurface.h"
+
+namespace vt {
+
+namespace {
+
+// Designed in twips, shown at 15 twips a pixel.
+constexpr int Pixels(int twips) { return twips / 15; }
+QRect Twips(int left, int top, int width, int height) {
+    return QRect(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
+}
+
+constexpr int PictureTop = 120;
+constexpr int PictureHeight = 615;
+constexpr int PictureLeft = 1440;
+constexpr int PictureWidth = 3015;
+// Where the picture goes when the slider is hidden.
+constexpr int PictureWideLeft = 240;
+constexpr int PictureWideWidth = 4215;
+constexpr int ResultTop = 240;
+constexpr int ResultPitch = 345;
+// The gap between a row's left part and its value.
+constexpr int ValueGap = 25;
+
+QColor QColorOf(Colour colour) { return QColor::fromRgb(render::QRgbFromColour(colour)); }
+
+} // namespace
+
+frmEvalFX::frmEvalFX(Session& s, QWidget* parent) : QDialog(parent), s_(s) {
+    render::LoadBundledFonts();
+    setWindowTitle(QString::fromUtf8(EvalFXCaption));
+    setFixedSize(Twips(0, 0, 4695, 4020).size());
+
+    picture1_ = new app::SurfaceView(this);
+    picture1_->move(Pixels(PictureLeft), Pixels(PictureTop));
+    picture1_->setFixedSize(Pixels(PictureWidth), Pixels(PictureHeight));
+
+    slider1_ = new QSlider(Qt::Horizontal, this);
+    slider1_->setGeometry(Twips(120, 240, 1215, 375));
+    slider1_->setMinimum(EvalFXForm::SliderMin);
+    slider1_->setMaximum(form_.SliderMax);
+    slider1_->setPageStep(1);
+    slider1_->setTickPosition(QSlider::TicksBelow);
+    slider1_->setToolTip(QString::fromUtf8(FunctionSliderTip));
+    connect(slider1_, &QSlider::valueChanged, this, [this](int value) { Slider1_Change(value); });
+
+    label1_ = new QLabel(QStringLiteral("x ="), this);
+    label1_->setGeometry(Twips(240, 900, 495, 315));
+    text1_ = new QLineEdit(this);
+    text1_->setGeometry(Twips(720, 885, 1815, 345));
+    text1_->installEventFilter(this);
+
+    command1_ = new QPushButton(QStringLiteral("Calculate"), this);
+    command1_->setGeometry(Twips(2760, 870, 1695, 375));
+    command1_->setAutoDefault(false);
+    connect(command1_, &QPushButton::clicked, this, [this] { Command1_Click(); });
+
+    frame1_ = new QGroupBox(this);
+    frame1_->setGeometry(Twips(120, 1365, 4455, 2025));
+    for (int i = 0; i < UsableSlots; ++i) {
+        const auto row = static_cast<std::size_t>(i);
+        label2_[row] = new QLabel(frame1_);
+        label2_[row]->move(Pixels(240), Pixels(ResultTop + ResultPitch * i));
+        label3_[row] = new QLabel(frame1_);
+        label3_[row]->hide();
+    }
+
+    command2_ = new QPushButton(QStringLiteral("Close"), this);
+    command2_->setGeometry(Twips(3360, 3510, 1215, 375));
+    command2_->setAutoDefault(false);
+    connect(command2_, &QPushButton::clicked, this, [this] { Command2_Click(); });
+
+    Mirror();
+}
+
+frmEvalFX::~frmEvalFX() = default;
+
+void frmEvalFX::Form_Load() {
+    frmEvalFX_Load(s_, form_);
+    const int left = form_.PictureWide ? PictureWideLeft : PictureLeft;
+    const int width = form_.PictureWide ? PictureWideWidth : PictureWidth;
+    surface_ = std::make_unique<render::RasterSurface>(Pixels(width), Pixels(PictureHeight));
+    surface_->FontName = "OrlentisFont";
+    surface_->FontSize = 12;
+    surface_->SmoothText = true;
+    picture1_->SetSurface(surface_.get());
+    picture1_->move(Pixels(left), Pixels(PictureTop));
+    DrawPicture();
+    Mirror();
+}
+
+void frmEvalFX::Slider1_Change(int value) {
+    if (value == form_.Slider1) return;
+    if (frmEvalFX_Slider1_Change(s_, form_, value)) DrawPicture();
+}
+
+void frmEvalFX::Command1_Click() {
+    form_.Text1 = text1_->text().toStdString();
+    frmEvalFX_Command1_Click(s_, form_);
+    Mirror();
+}
+
+void frmEvalFX::Command2_Click() { accept(); }
+
+void frmEvalFX::Text1_KeyPress(int keyAscii) {
+    form_.Text1 = text1_->text().toStdString();
+    if (!frmEvalFX_Text1_KeyPress(s_, form_, keyAscii)) return;
+    Mirror();
+    CloseIfUnloaded();
+}
+
+bool frmEvalFX::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == text1_ && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            Text1_KeyPress(EvalEnterKey);
+            return true;
+        }
+        if (key->key() == Qt::Key_Escape) {
+            Text1_KeyPress(EvalEscapeKey);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmEvalFX::keyPressEvent(QKeyEvent* event) {
+    // Enter and Escape mean something only in the x box; elsewhere they do nothing.
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return ||
+        event->key() == Qt::Key_Enter) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void frmEvalFX::Mirror() {
+    {
+        const QSignalBlocker quiet(slider1_);
+        slider1_->setMaximum(form_.SliderMax);
+        slider1_->setValue(form_.Slider1);
+    }
+    slider1_->setVisible(form_.SliderVisible);
+    text1_->setText(QString::fromStdString(form_.Text1));
+    for (int i = 0; i < UsableSlots; ++i) {
+        const auto row = static_cast<std::size_t>(i);
+        QLabel* left = label2_[row];
+        QLabel* value = label3_[row];
+        left->setText(QString::fromStdString(form_.Label2[row]));
+        left->adjustSize();
+        value->setText(QString::fromStdString(form_.Label3[row]));
+        QPalette palette = value->palette();
+        palette.setColor(QPalette::WindowText, QColorOf(form_.Label3Colour[row]));
+        value->setPalette(palette);
+        value->adjustSize();
+        value->move(left->x() + left->width() + Pixels(ValueGap), left->y());
+        value->setVisible(form_.Label3Visible[row]);
+    }
+}
+
+void frmEvalFX::DrawPicture() {
+    if (!surface_) return;
+    ShowSlotFunction(s_, *surface_, form_.PictureSlot, form_.PictureColour);
+    picture1_->update();
+}
+
+void frmEvalFX::CloseIfUnloaded() {
+    if (form_.Unloaded) accept();
+}
+
+void ShowEvaluateFX(Session& s, QWidget* owner) {
+    frmEvalFX dialog(s, owner);
+    dialog.Form_Load();
+    dialog.exec();
+}
+
+} // namespace vt

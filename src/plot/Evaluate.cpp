@@ -1,0 +1,132 @@
+#include "plot/Evaluate.h"
+
+#include <cmath>
+#include <string_view>
+
+#include "plot/Expression.h"
+#include "session/NumberText.h"
+
+namespace vt {
+
+namespace {
+
+// Every occurrence of from, left to right; a replacement is not searched again.
+void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
+    std::string out;
+    std::size_t start = 0;
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, start)) {
+        out.append(text, start, at - start);
+        out.append(to);
+        start = at + from.size();
+    }
+    if (start == 0) return;
+    out.append(text, start, std::string::npos);
+    text = std::move(out);
+}
+
+// The compiled route, where it applies; false leaves the value to the text route.
+bool EvaluateCompiled(Session& s, double x, int slot, EvalResult& result) {
+    if (slot < 0 || slot >= UsableSlots || !std::isfinite(x)) return false;
+    const std::string& script = s.ScriptText(slot);
+    CompiledScript& compiled = s.CompiledScripts(slot);
+    // Normally PreCalcFX compiled it; a ScriptText written since is compiled here.
+    if (!compiled.IsCompiledFrom(script)) compiled.Compile(script);
+    if (!compiled.Applies()) return false;
+    // The text of x reads back as 0 only for x = 0 and for x just below the largest Double,
+    // whose 15 digits overflow when the evaluator reads them: that one x goes through the text.
+    const double xRead = RoundToNumberText(x);
+    if (xRead == 0 && x != 0) return false;
+    result = compiled.Evaluate(xRead);
+    return true;
+}
+
+// The value of a slot at x by the text route. A slot outside 0..4 fails like any evaluation:
+// ScriptText has five entries and its subscript error is caught here.
+[[gnu::noinline]] EvalResult EvaluateByText(Session& s, double x, int slot) {
+    try {
+        // x goes in as its text, bare: a negative x brings its minus sign into the expression,
+        // and digits beside x join its text ("x3.1415926538" reads 23.1415926538 at x = 2, and
+        // is no number at 2.5).
+        std::string spliced = s.ScriptText(slot);
+        ReplaceAll(spliced, "x", NumberText(x));
+        return EvaluateExpression(spliced);
+    } catch (const SubscriptError&) {
+        return {EvalResult::Failure, 0};
+    }
+}
+
+EvalResult EvaluateAt(Session& s, double x, int slot, EvalPath path) {
+    EvalResult result;
+    if (path == EvalPath::Auto && EvaluateCompiled(s, x, slot, result)) return result;
+    return EvaluateByText(s, x, slot);
+}
+
+} // namespace
+
+void PreCalcFX(Session& s) {
+    for (int slot = 0; slot < UsableSlots; ++slot) {
+        std::string text;
+        for (int i = 0; i <= CellUpper; ++i)
+            text += s.GraphableCells(i, slot);
+        // Implied products by x and the trigonometric names, in this order: "x(" is settled
+        // before the digit rules, and the names are spelt out after the "*" went in front.
+        ReplaceAll(text, "x(", "x*(");
+        ReplaceAll(text, "xS", "x*S");
+        ReplaceAll(text, "xT", "x*T");
+        ReplaceAll(text, "xC", "x*C");
+        ReplaceAll(text, "S", "sin");
+        ReplaceAll(text, "T", "tan");
+        ReplaceAll(text, "C", "cos");
+        for (char d = '0'; d <= '9'; ++d) {
+            const char digitParen[] = {d, '(', '\0'};
+            const char digitTimesParen[] = {d, '*', '(', '\0'};
+            ReplaceAll(text, digitParen, digitTimesParen);
+            const char digitX[] = {d, 'x', '\0'};
+            const char digitTimesX[] = {d, '*', 'x', '\0'};
+            ReplaceAll(text, digitX, digitTimesX);
+        }
+        s.ScriptText(slot) = text;
+        s.CompiledScripts(slot).Compile(text);
+    }
+}
+
+std::string CalculateYEval(Session& s, double x, int slot, EvalPath path) {
+    const EvalResult r = EvaluateAt(s, x, slot, path);
+    switch (r.kind) {
+    case EvalResult::Value:
+        return NumberText(r.value);
+    case EvalResult::Empty:
+        return "";
+    default:
+        return "NA";
+    }
+}
+
+std::string CalculateY(Session& s, double x, int slot, EvalPath path) {
+    std::string text = CalculateYEval(s, x, slot, path);
+    return text.empty() ? "0" : text;
+}
+
+std::string CalculateYArea(Session& s, double x, int slot, EvalPath path) {
+    std::string text = CalculateYEval(s, x, slot, path);
+    return text.empty() || text == "NA" ? "0" : text;
+}
+
+YValue CalculateYValue(Session& s, double x, int slot, EvalPath path) {
+    if (path == EvalPath::Text) {
+        const std::string text = CalculateY(s, x, slot, path);
+        if (text == "NA") return {YValue::NotAvailable, 0};
+        return {YValue::Number, PrefixNumber(text)};
+    }
+    const EvalResult r = EvaluateAt(s, x, slot, path);
+    switch (r.kind) {
+    case EvalResult::Value:
+        return {YValue::Number, RoundToNumberText(r.value)};
+    case EvalResult::Empty:
+        return {YValue::Number, 0};
+    default:
+        return {YValue::NotAvailable, 0};
+    }
+}
+
+} // namespace vt

@@ -1,0 +1,298 @@
+// The compiled route against the text route: random functions at random x must give the same
+// texts and the same numbers, bit for bit and failure for failure.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <random>
+#include <string>
+
+#include "entry/Entry.h"
+#include "plot/Evaluate.h"
+#include "session/NumberText.h"
+
+namespace vt {
+
+namespace {
+
+std::uint64_t Bits(double v) {
+    std::uint64_t b;
+    std::memcpy(&b, &v, sizeof b);
+    return b;
+}
+
+int Pick(std::mt19937_64& rng, int n) {
+    return static_cast<int>(rng() % static_cast<unsigned>(n));
+}
+
+// Texts of the shapes the expression builder makes, now and then spoilt by a stray character so
+// that failures and x next to digits, points and letters come up too.
+class TextMaker {
+  public:
+    explicit TextMaker(std::mt19937_64& rng) : rng_(rng) {}
+
+    std::string Make() {
+        std::string text = Sum(0);
+        const int spoils = Pick(rng_, 8) == 0 ? 1 + Pick(rng_, 2) : 0;
+        for (int i = 0; i < spoils && !text.empty(); ++i) {
+            static const char stray[] = "0123456789.x+-*/^()?SCTx.x";
+            const std::size_t at =
+                static_cast<std::size_t>(Pick(rng_, static_cast<int>(text.size())));
+            if (Pick(rng_, 2) == 0)
+                text.insert(at, 1, stray[Pick(rng_, sizeof stray - 1)]);
+            else
+                text.erase(at, 1);
+        }
+        return text;
+    }
+
+  private:
+    std::string Number() {
+        static const char* numbers[] = {"2", "3.5", ".5", "12", "0", "1", "7", "0.25", "100"};
+        return numbers[Pick(rng_, 9)];
+    }
+
+    std::string Atom(int depth) {
+        // "x3.1415926538" (x before pi) takes the text route: keep it rare, or few functions
+        // would run compiled at all.
+        if (Pick(rng_, 60) == 0) return "x3.1415926538";
+        const bool simple = depth > 1 || (depth == 1 && Pick(rng_, 3) > 0);
+        const int choice = simple ? Pick(rng_, 3) : Pick(rng_, 12);
+        switch (choice) {
+        case 0:
+            return Number();
+        case 1:
+            return "x";
+        case 2:
+            return Number() + "x";
+        case 3:
+            return "(" + Sum(depth + 1) + ")";
+        case 4:
+            return "abs(" + Sum(depth + 1) + ")";
+        case 5:
+            return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
+        case 6:
+            return Pick(rng_, 2) ? "3.1415926538" : Number() + "*3.14159265388";
+        case 7:
+            return "x";
+        case 8:
+            return "(" + Sum(depth + 1) + ")/(" + Sum(depth + 1) + ")";
+        case 9:
+            return "((" + Sum(depth + 1) + ")^.5)";
+        case 10:
+            return "x(" + Sum(depth + 1) + ")";
+        default:
+            return "-" + Atom(depth + 1);
+        }
+    }
+
+    std::string Factor(int depth) {
+        std::string f = Atom(depth);
+        switch (Pick(rng_, 6)) {
+        case 0:
+            return f + "^(" + (depth > 0 ? Number() : Sum(depth + 1)) + ")";
+        case 1:
+            return f + "^(" + Number() + ")";
+        case 2:
+            return "(" + f + ")^(.5)";
+        default:
+            return f;
+        }
+    }
+
+    std::string Sum(int depth) {
+        std::string s = Factor(depth);
+        const int more = depth > 0 ? Pick(rng_, 2) : Pick(rng_, 3);
+        for (int i = 0; i < more; ++i)
+            s += std::string(1, "+-*/"[Pick(rng_, 4)]) + Factor(depth);
+        return s;
+    }
+
+    std::mt19937_64& rng_;
+};
+
+// Key strings as a user or a data file would type them: mostly well-formed functions, some
+// keys at random.
+class KeyMaker {
+  public:
+    explicit KeyMaker(std::mt19937_64& rng) : rng_(rng) {}
+
+    std::string Make() {
+        if (Pick(rng_, 4) == 0) {
+            static const char keys[] = "0123456789..xxxx++--*/^^()()PS(C(T(~||";
+            std::string out;
+            const int n = 1 + Pick(rng_, 14);
+            for (int i = 0; i < n; ++i)
+                out += keys[Pick(rng_, sizeof keys - 1)];
+            return out;
+        }
+        return Sum(0);
+    }
+
+  private:
+    std::string Digits() {
+        static const char* numbers[] = {"2", "3.5", ".5", "12", "0", "1", "7", "0.25", "100"};
+        return numbers[Pick(rng_, 9)];
+    }
+
+    std::string Atom(int depth) {
+        switch (depth > 2 ? Pick(rng_, 3) : Pick(rng_, 13)) {
+        case 0:
+            return Digits();
+        case 1:
+            return "x";
+        case 2:
+            return Digits() + "x";
+        case 3:
+            return "P";
+        case 4:
+            return "(" + Sum(depth + 1) + ")";
+        case 5:
+            return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
+        case 6:
+            return "|" + Sum(depth + 1) + "|";
+        case 7:
+            return "~" + Atom(depth + 1);
+        case 8:
+            return "-" + Atom(depth + 1);
+        case 9:
+            return std::to_string(1 + Pick(rng_, 9)) + "/" + std::to_string(2 + Pick(rng_, 8));
+        case 10:
+            return "xP";
+        default:
+            return "x";
+        }
+    }
+
+    std::string Term(int depth) {
+        std::string t = Atom(depth);
+        switch (Pick(rng_, 5)) {
+        case 0:
+            return t + "^" + Digits();
+        case 1:
+            return t + "^" + (Pick(rng_, 2) ? "-" + Digits() : "(" + Sum(depth + 1) + ")");
+        default:
+            return t;
+        }
+    }
+
+    std::string Sum(int depth) {
+        std::string s = Term(depth);
+        const int more = depth > 1 ? Pick(rng_, 2) : Pick(rng_, 4);
+        for (int i = 0; i < more; ++i)
+            s += std::string(1, "+-*/"[Pick(rng_, 4)]) + Term(depth);
+        return s;
+    }
+
+    std::mt19937_64& rng_;
+};
+
+double RandomX(std::mt19937_64& rng) {
+    std::uniform_real_distribution<double> unit(-1, 1);
+    switch (Pick(rng, 10)) {
+    case 0:
+        return static_cast<double>(Pick(rng, 41) - 20);
+    case 1:
+        return RoundHalfEven(20 * unit(rng), 2); // as the painter samples
+    case 2:
+        return Pick(rng, 2) ? 0.0 : -0.0;
+    case 3:
+        return 20 * unit(rng); // 16 and 17 digits
+    case 4:
+        return unit(rng) * std::pow(10.0, Pick(rng, 600) - 300);
+    case 5: {
+        static const double specials[] = {1e-7,    -1e-7,    1e-5,
+                                          0.0001,  -0.0001,  1e15,
+                                          -1e15,   1e14,     99999999999999.95,
+                                          -0.05,   0.3,      1e300,
+                                          -1e-300, 4.9e-324, 1.7976931348623157e308};
+        return specials[Pick(rng, sizeof specials / sizeof specials[0])];
+    }
+    case 6: {
+        const std::uint64_t b = rng();
+        double v;
+        std::memcpy(&v, &b, sizeof v);
+        return std::isfinite(v) ? v : 2.5;
+    }
+    default:
+        return 5 * unit(rng);
+    }
+}
+
+struct Tally {
+    long cases = 0;
+    long numbers = 0;
+    long compiledFunctions = 0;
+    long functions = 0;
+};
+
+// All four results at x through both routes.
+void Compare(Session& s, double x, Tally& tally) {
+    const std::string where = "\"" + s.ScriptText(0) + "\" at " + NumberText(x);
+    ASSERT_EQ(CalculateYEval(s, x, 0, EvalPath::Auto), CalculateYEval(s, x, 0, EvalPath::Text))
+        << where;
+    ASSERT_EQ(CalculateY(s, x, 0, EvalPath::Auto), CalculateY(s, x, 0, EvalPath::Text)) << where;
+    ASSERT_EQ(CalculateYArea(s, x, 0, EvalPath::Auto), CalculateYArea(s, x, 0, EvalPath::Text))
+        << where;
+    const YValue fast = CalculateYValue(s, x, 0, EvalPath::Auto);
+    const YValue text = CalculateYValue(s, x, 0, EvalPath::Text);
+    ASSERT_EQ(fast.kind, text.kind) << where;
+    ASSERT_EQ(Bits(fast.value), Bits(text.value)) << where;
+    ++tally.cases;
+    if (fast.kind == YValue::Number) ++tally.numbers;
+}
+
+void CountFunction(Session& s, Tally& tally) {
+    ++tally.functions;
+    if (s.CompiledScripts(0).Applies()) ++tally.compiledFunctions;
+}
+
+} // namespace
+
+TEST(EvaluateDifferential, BuilderShapedTextsAgreeByBothRoutes) {
+    std::mt19937_64 rng(20240611);
+    TextMaker maker(rng);
+    Session s;
+    Tally tally;
+    for (int f = 0; f < 12000; ++f) {
+        const std::string text = maker.Make();
+        for (int i = 0; i <= CellUpper; ++i)
+            s.GraphableCells(i, 0).clear();
+        for (std::size_t i = 0; i < text.size() && i <= CellUpper; ++i)
+            s.GraphableCells(static_cast<int>(i), 0).assign(1, text[i]);
+        PreCalcFX(s);
+        CountFunction(s, tally);
+        for (int k = 0; k < 8; ++k) {
+            Compare(s, RandomX(rng), tally);
+            if (HasFatalFailure()) return;
+        }
+    }
+    EXPECT_GE(tally.cases, 96000);
+    // Not a vacuous agreement: most functions run compiled, and most values exist.
+    EXPECT_GT(tally.compiledFunctions * 10, tally.functions * 7);
+    EXPECT_GT(tally.numbers * 10, tally.cases * 3);
+}
+
+TEST(EvaluateDifferential, TypedFunctionsAgreeByBothRoutes) {
+    std::mt19937_64 rng(77);
+    KeyMaker maker(rng);
+    Session s;
+    Tally tally;
+    for (int f = 0; f < 1500; ++f) {
+        ClearAllRows(s);
+        SetKeyMask(s);
+        ReplaySlotKeys(s, 0, maker.Make());
+        PreCalcFX(s);
+        CountFunction(s, tally);
+        for (int k = 0; k < 8; ++k) {
+            Compare(s, RandomX(rng), tally);
+            if (HasFatalFailure()) return;
+        }
+    }
+    EXPECT_GT(tally.compiledFunctions * 10, tally.functions * 7);
+    EXPECT_GT(tally.numbers * 10, tally.cases * 3);
+}
+
+} // namespace vt

@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "plot/Evaluate.h"
+#include "session/NumberText.h"
+
+namespace vt {
+
+namespace {
+
+// Writes an evaluator text into a slot's cells, a character a cell, as the builder leaves it.
+void SetGraphable(Session& s, int slot, const std::string& text) {
+    for (int i = 0; i <= CellUpper; ++i)
+        s.GraphableCells(i, slot).clear();
+    for (std::size_t i = 0; i < text.size(); ++i)
+        s.GraphableCells(static_cast<int>(i), slot) = std::string(1, text[i]);
+}
+
+} // namespace
+
+TEST(PreCalcFX, MakesImpliedProductsAndNamesExplicit) {
+    struct Case {
+        const char* graphable;
+        const char* script;
+    } cases[] = {
+        {"2x(x)", "2*x*(x)"}, // "x(" first, then the digit rule completes it
+        {"2x^(2)+S(x)", "2*x^(2)+sin(x)"},
+        {"xS(x)", "x*sin(x)"},
+        {"xC(x)+xT(x)", "x*cos(x)+x*tan(x)"},
+        {"3(x+1)", "3*(x+1)"},
+        {"(3)/(4x)", "(3)/(4*x)"},
+        {"22x", "22*x"},
+        {"S(2x)", "sin(2*x)"},
+        {"x3.1415926538", "x3.1415926538"}, // no product after x is made here
+        {"2*3.14159265388", "2*3.14159265388"},
+        {"abs(x)+1", "abs(x)+1"},
+        {"((x+1)^.5)", "((x+1)^.5)"},
+        {"", ""},
+    };
+    for (const Case& c : cases) {
+        Session s;
+        SetGraphable(s, 3, c.graphable);
+        PreCalcFX(s);
+        EXPECT_EQ(s.ScriptText(3), c.script) << c.graphable;
+        EXPECT_EQ(s.ScriptText(2), "");
+    }
+}
+
+TEST(CalculateY, ValuesTextsAndFailures) {
+    // Each case through both routes: the text splice and the compiled program.
+    const char* NA = "NA";
+    struct Case {
+        const char* graphable;
+        double x;
+        int slot;
+        const char* eval; // CalculateYEval; CalculateY and CalculateYArea follow from it
+    } cases[] = {
+        {"(1)/(x)", 0, 0, NA},
+        {"(1)/(x)", 2, 0, "0.5"},
+        {"", 1, 0, ""},
+        {"2^(?)", 1, 0, NA}, // an empty exponent box
+        {"x", 1, 5, NA},     // no slot 5: a failure like any other
+        {"x", 1, -1, NA},
+        {"x", -0.05, 0, "-0.05"},
+        {"x", -0.0, 0, "0"},
+        {"x", 1e-7, 0, "1E-07"},
+        {"xx", 1e-7, 0, NA},
+        {"x^(2)", -3, 0, "-9"}, // a negative x is a minus sign in front of the power
+        {"5-x^(2)", -3, 0, "14"},
+        {"2x", -3, 0, "-6"},
+        {"(x)^(2)", -3, 0, "9"},
+        {"x^(.5)", -4, 0, "-2"},
+        {"(x)^(.5)", -4, 0, NA},
+        {"x3.1415926538", 2, 0, "23.1415926538"}, // x joins the digits behind it
+        {"x3.1415926538", -2, 0, "-23.1415926538"},
+        {"x3.1415926538", 2.5, 0, NA},
+        {"(x)-0.3", 0.1 + 0.2, 0, "0"}, // x goes in as "0.3"
+        {"(1)/(3)", 0, 0, "0.333333333333333"},
+        {"S(x)", 1, 4, "0.841470984807897"},
+        {"x^(3)", 1e200, 0, NA},
+        {"2x^(2)+S(x)", -2.5, 0, "-13.098472144104"},
+    };
+    for (const Case& c : cases) {
+        for (EvalPath path : {EvalPath::Text, EvalPath::Auto}) {
+            Session s;
+            SetGraphable(s, c.slot >= 0 && c.slot <= 4 ? c.slot : 0, c.graphable);
+            PreCalcFX(s);
+            const std::string eval = c.eval;
+            const std::string y = eval.empty() ? "0" : eval;
+            const std::string area = eval.empty() || eval == "NA" ? "0" : eval;
+            const std::string where = std::string(c.graphable) + " at " + NumberText(c.x) +
+                                      (path == EvalPath::Text ? " by text" : " compiled");
+            EXPECT_EQ(CalculateYEval(s, c.x, c.slot, path), eval) << where;
+            EXPECT_EQ(CalculateY(s, c.x, c.slot, path), y) << where;
+            EXPECT_EQ(CalculateYArea(s, c.x, c.slot, path), area) << where;
+            const YValue v = CalculateYValue(s, c.x, c.slot, path);
+            EXPECT_EQ(v.kind, eval == "NA" ? YValue::NotAvailable : YValue::Number) << where;
+            if (v.kind == YValue::Number) {
+                EXPECT_EQ(v.value, PrefixNumber(y)) << where;
+            }
+        }
+    }
+}
+
+TEST(CalculateY, FollowsAScriptTextChangedAfterPreCalcFX) {
+    Session s;
+    SetGraphable(s, 0, "2x");
+    PreCalcFX(s);
+    EXPECT_EQ(CalculateY(s, 3, 0), "6");
+    s.ScriptText(0) = "x+1";
+    EXPECT_EQ(CalculateY(s, 3, 0), "4");
+    EXPECT_EQ(CalculateYValue(s, 3, 0).value, 4);
+}
+
+} // namespace vt

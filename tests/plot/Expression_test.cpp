@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "plot/Expression.h"
+
+namespace vt {
+
+namespace {
+
+constexpr double Fails = 1e300; // marker in the tables: the text has no value
+constexpr double IsEmpty = -1e300;
+
+void ExpectOutcome(const EvalResult& r, double expected, const std::string& text) {
+    if (expected == Fails) {
+        EXPECT_EQ(r.kind, EvalResult::Failure) << text << " gave " << r.value;
+    } else if (expected == IsEmpty) {
+        EXPECT_EQ(r.kind, EvalResult::Empty) << text;
+    } else {
+        ASSERT_EQ(r.kind, EvalResult::Value) << text;
+        EXPECT_DOUBLE_EQ(r.value, expected) << text;
+    }
+}
+
+} // namespace
+
+TEST(Expression, PrecedenceAndAssociativity) {
+    struct Case {
+        const char* text;
+        double value;
+    } cases[] = {
+        {"-3^2", -9}, // ^ binds tighter than the sign
+        {"-3^(2)", -9},
+        {"5--3^(2)", 14},
+        {"2*-3^2", -18},
+        {"2--3", 5},
+        {"2*-3", -6},
+        {"2^-2", 0.25},
+        {"2^+2", 4},
+        {"-2^-2", -0.25},
+        {"2^-3^2", 0.015625}, // the sign on the right of ^ takes one operand only
+        {"2^3^2", 64},        // left to right
+        {"2+3*4", 14},
+        {"(2+3)*4", 20},
+        {"8/2/2", 2},
+        {"10-2-3", 5},
+        {"2*3/4", 1.5},
+        {"+3", 3},
+        {"--3", 3},
+        {"2++3", 5},
+        {"-(2)^2", -4},
+        {"(-2)^2", 4},
+        {"(-2)^3", -8},
+        {"0^0", 1},
+        {".5", 0.5},
+        {"5.", 5},
+        {"1E-07*1E+07", 1},
+        {"1e2", 100},
+        {"SIN(0)", 0},
+        {"Abs(-2)", 2},
+        {"cos(0)", 1},
+        {"tan(0)", 0},
+        {"sin (0) + 1", 1},
+        {"abs(-3)+1", 4},
+        {"((3+1)^.5)", 2},
+        {"(4)^(.5)", 2},
+        {"(3)/(4*2)", 0.375},
+        {"2*3.14159265388", 6.28318530776},
+        {"23.1415926538", 23.1415926538},
+        {"1E-400+1", 1},
+    };
+    for (const Case& c : cases)
+        ExpectOutcome(EvaluateExpression(c.text), c.value, c.text);
+}
+
+TEST(Expression, Failures) {
+    const std::string deep =
+        std::string(MaxNesting + 1, '(') + "1" + std::string(MaxNesting + 1, ')');
+    const std::string deepSigns = std::string(MaxNesting + 1, '-') + "1";
+    const std::string fine = std::string(200, '(') + "1" + std::string(200, ')');
+    struct Case {
+        std::string text;
+        double value;
+    } cases[] = {
+        {"1/0", Fails},
+        {"0/0", Fails},
+        {"1E308*10", Fails},
+        {"10^400", Fails},
+        {"-1E308-1E308", Fails},
+        {"(-8)^(1/3)", Fails},
+        {"(-4)^(.5)", Fails},
+        {"0^-1", Fails},
+        {"(0)^(-1)", Fails},
+        {"1E400", Fails},
+        {"2.53.1415926538", Fails},
+        {"2 3", Fails},
+        {"x", Fails},
+        {"foo(1)", Fails},
+        {"sin", Fails},
+        {"sin 1", Fails},
+        {"?", Fails},
+        {"2^(?)", Fails},
+        {"(1", Fails},
+        {"1)", Fails},
+        {"abs()", Fails},
+        {"2*", Fails},
+        {"*2", Fails},
+        {".", Fails},
+        {"1e", Fails},
+        {"2=2", Fails},
+        {"1,5", Fails},
+        {"sin2(1)", Fails},
+        {deep, Fails},
+        {deepSigns, Fails},
+        {"", IsEmpty},
+        {"   ", IsEmpty},
+        {fine, 1},
+        {"1/0+", Fails},
+    };
+    for (const Case& c : cases)
+        ExpectOutcome(EvaluateExpression(c.text), c.value, c.text.substr(0, 40));
+}
+
+TEST(Expression, CompiledProgramReadsXAsItsText) {
+    // The program with x free against the text with x written in: a negative x is a minus sign
+    // at the place of x, with the precedence that a minus has there.
+    struct Case {
+        const char* text;
+        double x;
+    } cases[] = {
+        {"x^(2)", 3}, {"x^(2)", -3},    {"5-x^(2)", -3}, {"2*x", -3},    {"2^x", -2},
+        {"x^x", -2},  {"(x)^(.5)", -4}, {"x^(.5)", -4},  {"(1)/(x)", 0}, {"abs(x)+1", -7},
+        {"x-x", -1},  {"-x", -2},       {"2^-x", -3},    {"x^-x", -2},   {"sin(x)*cos(x)", -1},
+    };
+    for (const Case& c : cases) {
+        const bool negative = c.x < 0;
+        const ExpressionProgram program =
+            ExpressionProgram::Compile(c.text, negative ? ExpressionProgram::XMode::NegatedValue
+                                                        : ExpressionProgram::XMode::Value);
+        std::string spliced = c.text;
+        const std::string xText = std::to_string(static_cast<int>(c.x));
+        for (std::size_t at = spliced.find('x'); at != std::string::npos;
+             at = spliced.find('x', at))
+            spliced.replace(at, 1, xText);
+        const EvalResult expected = EvaluateExpression(spliced);
+        const EvalResult got = program.Run(std::fabs(c.x));
+        EXPECT_EQ(got.kind, expected.kind) << c.text << " at " << c.x;
+        if (expected.kind == EvalResult::Value) {
+            EXPECT_EQ(got.value, expected.value) << spliced;
+        }
+    }
+}
+
+} // namespace vt

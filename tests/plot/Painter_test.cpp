@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include "plot/Painter.h"
+#include "plot/PlotTesting.h"
+#include "plot/View.h"
+
+namespace vt::test {
+namespace {
+
+TEST(Painter, GridAndAxesByTheViewsSize) {
+    struct Case {
+        View V;
+        bool Hidden;
+        std::size_t GridLines, Axes;
+    };
+    const std::vector<Case> cases = {
+        {{-20, 20, -20, 20}, false, 41 + 41, 2},
+        {{-2.6, 3.5, -0.5, 1.5}, false, 8 + 3, 2}, // -3..4 and 0..2, halves to even
+        {{-20, 20, -20, 20}, true, 0, 2},
+        {{-320, 320, -1, 1}, false, 0, 2},      // half-width 320
+        {{-1, 1, -10, 630}, false, 0, 2},       // half-height 320
+        {{0, 639.5, -1, 1}, false, 641 + 3, 2}, // just below
+        // Statements that fail are skipped one by one: x bounds beyond a 16-bit whole number
+        // fail that loop of the grid; beyond single precision the x axis fails.
+        {{100000, 100010, -1, 1}, false, 3, 2},
+        {{-1e40, 1e40, -1, 1}, false, 0, 1},
+        {{0, 0, 0, 0}, false, 2, 2},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.V[0] << ".." << c.V[1] << " by " << c.V[2] << ".."
+                                        << c.V[3] << (c.Hidden ? " hidden" : ""));
+        PlotSession g({"x"});
+        g.SetView(c.V);
+        g.s.HideGridChecked = c.Hidden;
+        RedrawGraph(g.s);
+        EXPECT_EQ(g.box.StrokesIn(GridBlue, 1).size(), c.GridLines);
+        EXPECT_EQ(g.box.StrokesIn(0x000000, 2).size(), c.Axes); // also when 0 is out of view
+        EXPECT_EQ(g.s.MousePointer, g.s.DefaultPointer);
+    }
+}
+
+TEST(Painter, FiveNumbersAndCrossedQuadrantNumerals) {
+    // The recording surface's text is 5.5 pixels a character and 13.75 pixels a line.
+    struct Printed {
+        const char* Text;
+        float X, Y;
+    };
+    PlotSession g;
+    g.SetView({-10, 30, -4, 8});
+    g.s.GraphQuadrantChecked = true;
+    RedrawGraph(g.s);
+    // Numerals: horizontal place from the y bounds, vertical from the x bounds.
+    const std::vector<Printed> expected = {{"-10 ", -10, 0},
+                                           {" 0 ", 0, 0},
+                                           {" 8 ", 0, 8},
+                                           {"-4 ", 0, -4 + 13.75f * 12 / 400},
+                                           {" 30 ", 30 - 4 * 5.5f * 40 / 400, 0},
+                                           {"I", 4, 15},
+                                           {"II", -2, 15},
+                                           {"III", -2, -5},
+                                           {"IV", 4, -5}};
+    ASSERT_EQ(g.box.Prints.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        const auto& p = g.box.Prints[i];
+        EXPECT_EQ(p.Text, expected[i].Text);
+        EXPECT_NEAR(p.X, expected[i].X, 1e-5) << i;
+        EXPECT_NEAR(p.Y, expected[i].Y, 1e-5) << i;
+        EXPECT_EQ(p.FontName, i < 5 ? "MS Sans Serif" : "Courier");
+        EXPECT_EQ(p.FontSize, i < 5 ? 8.25f : 16);
+    }
+    EXPECT_EQ(g.box.FontName, "MS Sans Serif");
+    EXPECT_FALSE(g.box.FontBold);
+}
+
+TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
+    struct Case {
+        const char* Keys;
+        double From, To;
+        std::size_t Above, Below; // fills from just above and just below the x axis
+        std::size_t BreakWalls;
+    };
+    const std::vector<Case> cases = {
+        {"x", 2, 3, 19, 0, 0},     // x = 2.05 .. 2.95
+        {"x/100", 2, 3, 0, 0, 0},  // too near the axis: |y| / 40 below 0.01
+        {"1/x", -1, 1, 19, 19, 3}, // none at 0; three walls at the break the first pass found
+        {"x", -40, -30, 0, 0, 0},  // the band is out of view
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Keys);
+        PlotSession g({c.Keys});
+        g.s.ShadeOn = true;
+        g.s.ShadeFrom = c.From;
+        g.s.ShadeTo = c.To;
+        RedrawGraph(g.s);
+        std::size_t above = 0, below = 0;
+        for (const auto& f : g.box.Fills)
+            (f[1] == 199 ? above : below) += 1;
+        EXPECT_EQ(above, c.Above);
+        EXPECT_EQ(below, c.Below);
+        for (const std::string& fill : g.box.Calls("FloodFill"))
+            EXPECT_NE(fill.find("surface=16777215 fill=14737632 style=0"), std::string::npos);
+        EXPECT_EQ(g.box.StrokesIn(BreakMarkColour, 1).size(), c.BreakWalls);
+        // The band's frame in the shade colour, erased in white.
+        EXPECT_EQ(g.box.StrokesIn(ShadeGrey, 1).size(), 4u);
+        EXPECT_EQ(g.box.StrokesIn(0xFFFFFF, 1).size(), 4u);
+        // Two passes: the numbers twice, and the list holds the second pass's items, whose keys
+        // go on from the first.
+        EXPECT_EQ(g.box.Prints.size(), 10u);
+        if (c.Keys == std::string("x")) {
+            EXPECT_EQ(g.s.ListView1.front().Key, 41);
+        }
+        EXPECT_EQ(g.s.BreakCount, 0); // erased at the end
+    }
+}
+
+TEST(Painter, FirstPaintSetsDefaultsAndRegressionModeDrawsNoCurve) {
+    PlotSession g({"x"});
+    g.s.GridColor = "255";
+    int pointerDuringPaint = -1;
+    g.box.OnCls = [&] { pointerDuringPaint = g.s.MousePointer; };
+    RedrawGraph(g.s);
+    EXPECT_EQ(pointerDuringPaint, 11);
+    EXPECT_EQ(g.s.GridColor, "16766596");
+    EXPECT_EQ(g.s.CurveColor, "255");
+    // A later paint keeps the colours; in regression mode it stops before the curves and
+    // leaves the break list as it is.
+    g.s.GridColor = "65280";
+    g.s.Check1 = 1;
+    g.s.BreakCount = 3;
+    g.box.Strokes.clear();
+    RedrawGraph(g.s);
+    EXPECT_EQ(g.box.StrokesIn(65280, 1).size(), 82u);
+    EXPECT_TRUE(g.box.StrokesIn(Red, 3).empty());
+    EXPECT_EQ(g.s.BreakCount, 3);
+    EXPECT_EQ(g.s.MousePointer, g.s.DefaultPointer);
+}
+
+} // namespace
+} // namespace vt::test

@@ -1,0 +1,88 @@
+#pragma once
+// What the plot tests share: a recording graph box that also keeps its lines and fills as
+// numbers, and a session with functions typed into its rows.
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "entry/Entry.h"
+#include "session/Session.h"
+#include "support/RecordingSurface.h"
+
+namespace vt::test {
+
+class PlotSurface : public RecordingSurface {
+  public:
+    PlotSurface() : RecordingSurface(400, 400) {}
+
+    struct Stroke {
+        float X1, Y1, X2, Y2;
+        Colour Color;
+        int Width, Mode;
+        bool Box;
+    };
+    std::vector<Stroke> Strokes;
+    std::vector<std::array<int, 2>> Fills; // pixel of each flood fill
+    int Clears = 0;
+    std::function<void()> OnCls; // runs at each Cls, while the paint is under way
+
+    void Cls() override {
+        ++Clears;
+        if (OnCls) OnCls();
+        RecordingSurface::Cls();
+    }
+    void Line(float x1, float y1, float x2, float y2, bool box, bool boxFilled) override {
+        Strokes.push_back({x1, y1, x2, y2, ForeColor, DrawWidth, DrawMode, box});
+        RecordingSurface::Line(x1, y1, x2, y2, box, boxFilled);
+    }
+    void ExtFloodFill(int px, int py, Colour colour) override {
+        Fills.push_back({px, py});
+        RecordingSurface::ExtFloodFill(px, py, colour);
+    }
+    // Forgets what was drawn so far.
+    void Forget() {
+        Strokes.clear();
+        Fills.clear();
+        Prints.clear();
+        Log.clear();
+        Clears = 0;
+    }
+    std::vector<Stroke> StrokesIn(Colour colour, int width) const {
+        std::vector<Stroke> out;
+        for (const Stroke& stroke : Strokes)
+            if (stroke.Color == colour && stroke.Width == width) out.push_back(stroke);
+        return out;
+    }
+};
+
+using View = std::array<double, 4>; // x min, x max, y min, y max
+
+struct PlotSession {
+    Session s;
+    PlotSurface box;
+
+    explicit PlotSession(std::vector<std::string> rows = {}) {
+        s.frmGraph = &box;
+        SetKeyMask(s);
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            Type(static_cast<int>(i), rows[i]);
+    }
+    // Types a function into a row as a file load does.
+    void Type(int slot, const std::string& keys) { ReplaySlotKeys(s, slot, keys); }
+    void SetView(View v) {
+        s.ViewXMin = v[0];
+        s.ViewXMax = v[1];
+        s.ViewYMin = v[2];
+        s.ViewYMax = v[3];
+    }
+    View ViewNow() const { return {s.ViewXMin, s.ViewXMax, s.ViewYMin, s.ViewYMax}; }
+};
+
+constexpr Colour Red = 0x0000FF;      // slot 0's swatch
+constexpr Colour Blue = 0xFF0000;     // slot 1's swatch
+constexpr Colour GridBlue = 16766596; // the default grid colour
+constexpr Colour ShadeGrey = 14737632;
+
+} // namespace vt::test

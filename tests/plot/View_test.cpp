@@ -1,0 +1,144 @@
+#include <gtest/gtest.h>
+
+#include "plot/Painter.h"
+#include "plot/PlotTesting.h"
+#include "plot/View.h"
+
+namespace vt::test {
+namespace {
+
+TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
+    struct Case {
+        View Start;
+        bool In;
+        View End; // unchanged: refused, and nothing is painted
+    };
+    const std::vector<Case> cases = {
+        {{-1, 1, -1, 1}, true, {-0.5, 0.5, -0.5, 0.5}},
+        {{-0.5, 0.5, -0.5, 0.5}, true, {-0.5, 0.5, -0.5, 0.5}}, // sum 1
+        {{10, 30, -20, 20}, true, {5, 15, -10, 10}},            // moves towards 0
+        {{-20, 20, -0.5, 0.5}, true, {-10, 10, -0.25, 0.25}},   // y plays no part
+        {{-81920, 81920, -20, 20}, false, {-163840, 163840, -40, 40}},
+        {{-163840, 163840, -1, 1}, false, {-163840, 163840, -1, 1}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.Start[0] << (c.In ? " in" : " out"));
+        PlotSession g;
+        g.SetView(c.Start);
+        c.In ? ZoomIn(g.s) : ZoomOut(g.s);
+        EXPECT_EQ(g.ViewNow(), c.End);
+        EXPECT_EQ(g.box.Clears, c.End == c.Start ? 0 : 1);
+    }
+}
+
+TEST(View, KeysSlideTheViewByFixedAmounts) {
+    const std::vector<std::array<int, 3>> cases = {
+        {KeyUp, 0, 1},     {KeyDown, 0, -1},   {KeyLeft, -1, 0},
+        {KeyRight, 1, 0},  {KeyPageUp, 0, 10}, {KeyPageDown, 0, -10},
+        {KeyHome, -10, 0}, {KeyEnd, 10, 0},    {65, 0, 0}, // any other key only redraws
+    };
+    for (const auto& [key, dx, dy] : cases) {
+        PlotSession g;
+        g.SetView({-2.5, 0.5, 100, 104}); // the amounts do not follow the zoom
+        frmGraph_KeyDown(g.s, key, 0);
+        EXPECT_EQ(g.ViewNow(), (View{-2.5 + dx, 0.5 + dx, 100.0 + dy, 104.0 + dy})) << key;
+        EXPECT_EQ(g.box.Clears, 1);
+    }
+}
+
+TEST(View, ApplyViewSetsScaleStepAndTheListsPlace) {
+    // The step comes from the absolute bounds: 10..30 gets 20/400, not 10/400.
+    for (const auto& [v, step] : std::vector<std::pair<View, double>>{
+             {{-20, 20, -20, 20}, 0.05}, {{10, 30, -5, 15}, 0.05}, {{-3, 1, 2, 4}, 0.005}}) {
+        PlotSession g;
+        g.SetView(v);
+        ApplyView(g.s);
+        EXPECT_EQ(
+            std::vector<float>(
+                {g.box.ScaleLeft, g.box.ScaleTop, g.box.ScaleWidth, g.box.ScaleHeight}),
+            std::vector<float>({float(v[0]), float(v[3]), float(v[1] - v[0]), float(v[2] - v[3])}));
+        EXPECT_DOUBLE_EQ(g.s.SampleStep, step);
+        // 129 pixels wide, half the box high, in the upper right corner.
+        const ListPlacement& list = g.s.ListView1Rect;
+        EXPECT_NEAR(list.Width, 129 * (v[1] - v[0]) / 400, 1e-6);
+        EXPECT_NEAR(list.Height, (v[3] - v[2]) / 2, 1e-6);
+        EXPECT_NEAR(list.Left + list.Width, v[1], 1e-6);
+        EXPECT_EQ(list.Top, v[3]);
+    }
+    // A view of no width is refused by the box, which keeps its last width.
+    PlotSession g;
+    ApplyView(g.s);
+    g.SetView({3, 3, -1, 1});
+    ApplyView(g.s);
+    EXPECT_EQ(g.box.ScaleWidth, 40);
+    EXPECT_EQ(g.box.ScaleLeft, 3);
+}
+
+TEST(View, DragSelectsAWholeNumberView) {
+    struct Case {
+        float X0, Y0, X1, Y1;
+        View End;
+    };
+    const View start{-20, 20, -20, 20};
+    const std::vector<Case> cases = {
+        {2.4f, 3.6f, 7.7f, -5.2f, {2, 8, -5, 4}},
+        {7.7f, -5.2f, 2.4f, 3.6f, {2, 8, -5, 4}}, // either direction
+        {2.5f, 0.5f, 4.5f, 3.5f, {2, 4, 0, 4}},   // halves to even
+        {1.2f, 1.2f, 2.4f, 9.0f, start},          // 1 wide after rounding: no selection
+        {1.2f, 1.2f, 1.2f, 1.2f, start},          // no move
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.X0 << "," << c.Y0 << " to " << c.X1 << "," << c.Y1);
+        PlotSession g;
+        EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, c.X0, c.Y0), GraphMouseAction::None);
+        frmGraph_MouseMove(g.s, LeftButton, 0, c.X1, c.Y1);
+        // The old box again to erase it, then the new one, both exclusive-or.
+        ASSERT_EQ(g.box.Strokes.size(), 2u);
+        EXPECT_TRUE(g.box.Strokes[1].Box && g.box.Strokes[1].Mode == DrawXorPen);
+        EXPECT_EQ(g.box.Strokes[1].X2, c.X1);
+        frmGraph_MouseUp(g.s, LeftButton, 0, c.X1, c.Y1);
+        EXPECT_EQ(g.box.DrawMode, DrawCopyPen);
+        EXPECT_EQ(g.s.ViewDragged, c.End != start);
+        EXPECT_EQ(g.ViewNow(), c.End);
+        EXPECT_EQ(g.box.Clears, 1); // repainted either way
+    }
+}
+
+TEST(View, ReadoutRoundsHalfToEven) {
+    struct Case {
+        float X, Y;
+        int Digits;
+        const char* Text;
+    };
+    for (const Case& c : std::vector<Case>{{2.5f, -3.5f, 0, "x = 2    y = -4"},
+                                           {-0.25f, 12.75f, 1, "x = -0.2    y = 12.8"},
+                                           {-0.3f, 0.4f, 0, "x = 0    y = 0"}}) {
+        PlotSession g;
+        g.s.RoundDigits = c.Digits;
+        EXPECT_EQ(frmGraph_MouseMove(g.s, 0, 0, c.X, c.Y), c.Text);
+    }
+}
+
+TEST(View, ButtonsByMode) {
+    // {regression mode, button}: any but the left button opens the menu in either mode; the left
+    // one drags, or in regression mode enters a whole-number point and draws no rubber band.
+    for (const auto& [mode, button] :
+         std::vector<std::pair<int, int>>{{0, 1}, {0, 2}, {0, 4}, {1, 1}, {1, 2}}) {
+        PlotSession g;
+        g.s.Check1 = mode;
+        std::vector<std::array<double, 2>> points;
+        g.s.AddRegressionPointHook = [&](Session&, double x, double y) {
+            points.push_back({x, y});
+        };
+        const GraphMouseAction action = frmGraph_MouseDown(g.s, button, 0, 2.5f, -3.7f);
+        EXPECT_EQ(action == GraphMouseAction::ShowGraphWindowMenu, button != LeftButton);
+        EXPECT_EQ(g.s.Dragging, mode == 0 && button == LeftButton);
+        using Points = std::vector<std::array<double, 2>>;
+        EXPECT_EQ(points, (mode == 1 && button == LeftButton ? Points{{2, -4}} : Points{}));
+        frmGraph_MouseMove(g.s, button, 0, 6, 6);
+        EXPECT_EQ(g.box.Strokes.size(), g.s.Dragging ? 2u : 0u);
+    }
+}
+
+} // namespace
+} // namespace vt::test
