@@ -46,11 +46,12 @@ struct DialogSession {
     void Type(int slot, const std::string& keys) { ReplaySlotKeys(s, slot, keys); }
 };
 
-void Grab(QWidget& dialog, const char* name) {
+void Grab(const QImage& image, const char* name) {
     const QByteArray dir = qgetenv("VERITRACE_GRAB_DIR");
     if (dir.isEmpty()) return;
-    dialog.grab().save(QString::fromUtf8(dir) + "/" + name + ".png", "PNG");
+    image.save(QString::fromUtf8(dir) + "/" + name + ".png", "PNG");
 }
+void Grab(QWidget& dialog, const char* name) { Grab(dialog.grab().toImage(), name); }
 
 void Press(QWidget* target, int key) {
     QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
@@ -302,6 +303,9 @@ TEST(FillRangeDialog, TheCycleReopensTheDialogUntilItClosesForGood) {
             EXPECT_EQ(d.Text3()->text(), "1");
             EXPECT_EQ(d.Text1()->text(), "2");
             EXPECT_TRUE(g.s.ShadeOn);
+            // The band under x from 2 to 4 is filled in the shading colour.
+            EXPECT_GT(CountColour(g.graph.QtImage(), 14737632), 300);
+            Grab(g.graph.QtImage(), "shaded-graph");
             d.Command6()->click();
         },
         [&](frmFillRange& d) {

@@ -149,7 +149,7 @@ struct KeyOutcome {
 
 TEST(RandomKeys, RowsStayListsTheRulesCouldMake) {
     std::mt19937 rng(0x5EED2024u);
-    const int sequences = Instrumented ? 1200 : 4000;
+    const int sequences = Instrumented ? 500 : 4000;
     auto session = test::NewEntrySession();
     Session& s = *session;
     int graphs = 0;
