@@ -33,8 +33,12 @@ void Area(benchmark::State& state, EvalPath path) {
     state.SetItemsProcessed(state.iterations() * 400001);
 }
 
-void BM_AreaCompiled(benchmark::State& state) { Area(state, EvalPath::Auto); }
-void BM_AreaText(benchmark::State& state) { Area(state, EvalPath::Text); }
+void BM_AreaCompiled(benchmark::State& state) {
+    Area(state, EvalPath::Auto);
+}
+void BM_AreaText(benchmark::State& state) {
+    Area(state, EvalPath::Text);
+}
 
 BENCHMARK(BM_AreaCompiled)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(BM_AreaText)->Unit(benchmark::kMillisecond)->Repetitions(3)->ReportAggregatesOnly();

@@ -90,11 +90,16 @@ AreaCheck CheckAreaInput(std::string_view from, std::string_view to, std::string
 
 const char* AreaCheckMessage(AreaCheck check) {
     switch (check) {
-    case AreaCheck::MinNotNumber: return MinRangeNotNumberText;
-    case AreaCheck::MaxNotNumber: return MaxRangeNotNumberText;
-    case AreaCheck::StepNotNumber: return StepNotNumberText;
-    case AreaCheck::MaxBelowMin: return MaxBelowMinText;
-    case AreaCheck::Ok: break;
+    case AreaCheck::MinNotNumber:
+        return MinRangeNotNumberText;
+    case AreaCheck::MaxNotNumber:
+        return MaxRangeNotNumberText;
+    case AreaCheck::StepNotNumber:
+        return StepNotNumberText;
+    case AreaCheck::MaxBelowMin:
+        return MaxBelowMinText;
+    case AreaCheck::Ok:
+        break;
     }
     return "";
 }
@@ -105,9 +110,11 @@ double AreaSum(Session& s, double a, double b, double dx, int slot, EvalPath pat
     // A counted loop with its step's sign deciding the end test: a negative step runs only
     // while x is not below b, so with a < b it does not run at all.
     if (dx >= 0) {
-        for (; x <= b; x += dx) area += AreaHeight(s, x, slot, path) * dx;
+        for (; x <= b; x += dx)
+            area += AreaHeight(s, x, slot, path) * dx;
     } else {
-        for (; x >= b; x += dx) area += AreaHeight(s, x, slot, path) * dx;
+        for (; x >= b; x += dx)
+            area += AreaHeight(s, x, slot, path) * dx;
     }
     // x stands past b now. Read through its 15-digit text it may fall on b or short of it when
     // the additions drifted; then b itself is sampled once more.
@@ -213,9 +220,13 @@ void frmFillRange_Command1_Click(Session& s, FillRangeForm& form) {
     Unload(s, form);
 }
 
-void frmFillRange_Command5_Click(Session& s, FillRangeForm& form) { ZoomBy(s, form, true); }
+void frmFillRange_Command5_Click(Session& s, FillRangeForm& form) {
+    ZoomBy(s, form, true);
+}
 
-void frmFillRange_Command6_Click(Session& s, FillRangeForm& form) { ZoomBy(s, form, false); }
+void frmFillRange_Command6_Click(Session& s, FillRangeForm& form) {
+    ZoomBy(s, form, false);
+}
 
 void frmFillRange_Command4_Click(Session& s, FillRangeForm& form) {
     const Colour start = ColourValue(s.ShadeColor).value_or(0);
@@ -224,7 +235,9 @@ void frmFillRange_Command4_Click(Session& s, FillRangeForm& form) {
     ShowStyles(s, form);
 }
 
-void frmFillRange_Command2_Click(Session& s, FillRangeForm& form) { Unload(s, form); }
+void frmFillRange_Command2_Click(Session& s, FillRangeForm& form) {
+    Unload(s, form);
+}
 
 void frmFillRange_Command7_Click(Session& s) {
     if (s.Commands.mnuGraphPrint_Click)

@@ -33,8 +33,7 @@ const char* AreaCheckMessage(AreaCheck check);
 // growing by repeated addition, each at full weight, and one more at b when accumulated rounding
 // stopped the loop short of it. A sample without a value counts 0. The result is signed.
 // A step of 0 never ends, as in the window; callers that cannot wait refuse it first.
-double AreaSum(Session& s, double a, double b, double dx, int slot,
-               EvalPath path = EvalPath::Auto);
+double AreaSum(Session& s, double a, double b, double dx, int slot, EvalPath path = EvalPath::Auto);
 
 // What Calculate Area gives: the failed check (its message not shown here), or the area as
 // "0.00##" text.
@@ -64,10 +63,10 @@ struct FillRangeForm {
     int Width = 0;
     int Height = 0;
 
-    std::string Text1;        // lower bound
-    std::string Text2;        // upper bound
+    std::string Text1;         // lower bound
+    std::string Text2;         // upper bound
     std::string Text3 = "0.1"; // dx
-    std::string Text4;        // the area
+    std::string Text4;         // the area
 
     // The function slider: value v selects slot v - 1.
     static constexpr int SliderMin = 1;

@@ -16,7 +16,9 @@ namespace vt {
 namespace {
 
 // Designed in twips, shown at 15 twips a pixel.
-constexpr int Pixels(int twips) { return twips / 15; }
+constexpr int Pixels(int twips) {
+    return twips / 15;
+}
 QRect Twips(int left, int top, int width, int height) {
     return QRect(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
 }
@@ -33,7 +35,9 @@ constexpr int ResultPitch = 345;
 // The gap between a row's left part and its value.
 constexpr int ValueGap = 25;
 
-QColor QColorOf(Colour colour) { return QColor::fromRgb(render::QRgbFromColour(colour)); }
+QColor QColorOf(Colour colour) {
+    return QColor::fromRgb(render::QRgbFromColour(colour));
+}
 
 } // namespace
 
@@ -111,7 +115,9 @@ void frmEvalFX::Command1_Click() {
     Mirror();
 }
 
-void frmEvalFX::Command2_Click() { accept(); }
+void frmEvalFX::Command2_Click() {
+    accept();
+}
 
 void frmEvalFX::Text1_KeyPress(int keyAscii) {
     form_.Text1 = text1_->text().toStdString();

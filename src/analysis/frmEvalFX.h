@@ -25,7 +25,7 @@ class SurfaceView;
 }
 
 class frmEvalFX : public QDialog {
-public:
+  public:
     explicit frmEvalFX(Session& s, QWidget* parent = nullptr);
     ~frmEvalFX() override;
 
@@ -48,11 +48,11 @@ public:
     QPushButton* Command1() const { return command1_; }
     QPushButton* Command2() const { return command2_; }
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+  private:
     void Mirror();
     void DrawPicture();
     void CloseIfUnloaded();

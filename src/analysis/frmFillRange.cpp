@@ -21,14 +21,18 @@
 
 // The icons live in the render library's resources; a static library keeps them only when
 // something asks for them by name.
-static void InitAreaIconResources() { Q_INIT_RESOURCE(icons); }
+static void InitAreaIconResources() {
+    Q_INIT_RESOURCE(icons);
+}
 
 namespace vt {
 
 namespace {
 
 // Designed in twips, shown at 15 twips a pixel.
-constexpr int Pixels(int twips) { return twips / 15; }
+constexpr int Pixels(int twips) {
+    return twips / 15;
+}
 QRect Twips(int left, int top, int width, int height) {
     return QRect(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
 }
@@ -60,16 +64,16 @@ QIcon IconFor(const char* key) {
 
 // A Shape control: shows the picture of its fill style.
 class StyleSample : public QWidget {
-public:
+  public:
     StyleSample(const QImage& image, QWidget* parent) : QWidget(parent), image_(image) {}
 
-protected:
+  protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.drawImage(0, 0, image_);
     }
 
-private:
+  private:
     const QImage& image_;
 };
 
@@ -246,11 +250,17 @@ void frmFillRange::Command6_Click() {
     CloseIfUnloaded();
 }
 
-void frmFillRange::Command7_Click() { frmFillRange_Command7_Click(s_); }
+void frmFillRange::Command7_Click() {
+    frmFillRange_Command7_Click(s_);
+}
 
-void frmFillRange::Command8_Click() { frmFillRange_Command8_Click(s_); }
+void frmFillRange::Command8_Click() {
+    frmFillRange_Command8_Click(s_);
+}
 
-QImage frmFillRange::Shape1Image(int i) const { return samples_.at(static_cast<std::size_t>(i)); }
+QImage frmFillRange::Shape1Image(int i) const {
+    return samples_.at(static_cast<std::size_t>(i));
+}
 
 void frmFillRange::keyPressEvent(QKeyEvent* event) {
     // No button of the dialog answers Escape or Enter.
@@ -279,7 +289,8 @@ void frmFillRange::Pull() {
     form_.Text2 = text2_->text().toStdString();
     form_.Text3 = text3_->text().toStdString();
     form_.Text4 = text4_->text().toStdString();
-    for (std::size_t i = 0; i < option1_.size(); ++i) form_.Option1[i] = option1_[i]->isChecked();
+    for (std::size_t i = 0; i < option1_.size(); ++i)
+        form_.Option1[i] = option1_[i]->isChecked();
 }
 
 void frmFillRange::Mirror() {

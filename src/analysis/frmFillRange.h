@@ -30,7 +30,7 @@ class SurfaceView;
 }
 
 class frmFillRange : public QDialog {
-public:
+  public:
     explicit frmFillRange(Session& s, QWidget* parent = nullptr);
     ~frmFillRange() override;
 
@@ -70,11 +70,11 @@ public:
     QToolButton* Command7() const { return command7_; }
     QToolButton* Command8() const { return command8_; }
 
-protected:
+  protected:
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
-private:
+  private:
     void Pull();
     void Mirror();
     void DrawPicture();

@@ -31,8 +31,7 @@ int AreaCommand(const QStringList& arguments) {
     parser.addOption(QCommandLineOption("from", "Start of the interval.", "A"));
     parser.addOption(QCommandLineOption("to", "End of the interval.", "B"));
     parser.addOption(QCommandLineOption("step", "The step dx.", "DX"));
-    parser.addOption(
-        QCommandLineOption("slot", "The function row, 0 to 4 (default 0).", "N", "0"));
+    parser.addOption(QCommandLineOption("slot", "The function row, 0 to 4 (default 0).", "N", "0"));
     AddKeysOption(parser);
     AddJsonOption(parser);
     if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;

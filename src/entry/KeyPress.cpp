@@ -32,7 +32,9 @@ enum KeyClassBit : int {
     PercentBit = 13,
 };
 
-bool IsTrigToken(const std::string& t) { return t == "S" || t == "C" || t == "T"; }
+bool IsTrigToken(const std::string& t) {
+    return t == "S" || t == "C" || t == "T";
+}
 
 // The key's text. Codes outside 0..255 have no character and so fall in no class.
 std::string KeyText(int keyAscii) {
@@ -52,8 +54,8 @@ bool PassesKeyMask(int mask, const std::string& key) {
     if (key == "=") return on(EqualsBit);
     if (IsLetter(key)) {
         // Of the letters only the variable, pi and the three functions are keys.
-        return on(LetterBit) && (key == "x" || key == "X" || key == "S" || key == "C" ||
-                                 key == "T" || key == "P");
+        return on(LetterBit) &&
+               (key == "x" || key == "X" || key == "S" || key == "C" || key == "T" || key == "P");
     }
     if (key == "~") return on(RootBit);
     if (key == "|") return on(BarBit);
@@ -223,7 +225,8 @@ RowSnapshot TakeSnapshot(const Session& s) {
     r.slot = slot;
     const int count = s.TokenCount(slot);
     r.tokens.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) r.tokens.push_back(ActiveToken(s, i));
+    for (int i = 0; i < count; ++i)
+        r.tokens.push_back(ActiveToken(s, i));
     r.inExponent = s.InExponent(slot);
     r.inRoot = s.InRoot(slot);
     r.inFraction = s.InFraction(slot);
@@ -324,11 +327,14 @@ int BitsToMask(std::string_view bits) {
     // Kept to 16 bits as the mask is: a text of sixteen characters with a leading "1" reads as
     // a negative mask, which the key handler takes as "no key passes".
     std::uint32_t value = 0;
-    for (char c : bits) value = ((value << 1) | (c == '1' ? 1u : 0u)) & 0xFFFFu;
+    for (char c : bits)
+        value = ((value << 1) | (c == '1' ? 1u : 0u)) & 0xFFFFu;
     return static_cast<std::int16_t>(value);
 }
 
-void SetKeyMask(Session& s) { s.AllowedKeys = BitsToMask("00011110111111"); }
+void SetKeyMask(Session& s) {
+    s.AllowedKeys = BitsToMask("00011110111111");
+}
 
 void Paper_KeyPress(Session& s, int /*index*/, int keyAscii) {
     // Enter on a complete row draws the graph, then goes on like any refused key, so the row
@@ -369,7 +375,8 @@ void Paper_KeyPress(Session& s, int /*index*/, int keyAscii) {
 void ReplaySlotKeys(Session& s, int slot, std::string_view keys) {
     s.TrigFromMenu = true;
     s.ActiveSlot = slot;
-    for (char c : keys) Paper_KeyPress(s, slot, static_cast<unsigned char>(c));
+    for (char c : keys)
+        Paper_KeyPress(s, slot, static_cast<unsigned char>(c));
     s.TrigFromMenu = false;
     s.ActiveSlot = 0;
 }

@@ -18,18 +18,23 @@ bool CanGraph(const Session& s) {
 
 std::string EntryText(const Session& s, int slot) {
     std::string out;
-    for (int i = 0; i <= CellUpper; ++i) out += s.EntryTokens(i, slot);
+    for (int i = 0; i <= CellUpper; ++i)
+        out += s.EntryTokens(i, slot);
     return out;
 }
 
-std::string EntryText(const Session& s) { return EntryText(s, s.ActiveSlot); }
+std::string EntryText(const Session& s) {
+    return EntryText(s, s.ActiveSlot);
+}
 
 void StoreDisplayText(Session& s, const std::string& text) {
     const int slot = s.ActiveSlot;
-    for (int i = 0; i <= CellUpper; ++i) s.DisplayTokens(i, slot).clear();
+    for (int i = 0; i <= CellUpper; ++i)
+        s.DisplayTokens(i, slot).clear();
     // At most 2000 characters, from cell 0.
     const int n = std::min(static_cast<int>(text.size()), CellUpper);
-    for (int i = 0; i < n; ++i) s.DisplayTokens(i, slot).assign(1, text[static_cast<std::size_t>(i)]);
+    for (int i = 0; i < n; ++i)
+        s.DisplayTokens(i, slot).assign(1, text[static_cast<std::size_t>(i)]);
 }
 
 void ResetEntryState(Session& s) {
@@ -79,7 +84,8 @@ void ClearAllRows(Session& s) {
     s.BreakCount = 0;
     // The evaluator texts of the five rows.
     for (int slot = 0; slot < UsableSlots; ++slot)
-        for (int i = 0; i <= CellUpper; ++i) s.GraphableCells(i, slot).clear();
+        for (int i = 0; i <= CellUpper; ++i)
+            s.GraphableCells(i, slot).clear();
 }
 
 } // namespace vt

@@ -16,13 +16,21 @@ namespace {
 constexpr int MaxDigits = 5;
 constexpr int MaxLetters = 1;
 
-bool IsDigitKey(const std::string& key) { return key.size() == 1 && key[0] >= '0' && key[0] <= '9'; }
+bool IsDigitKey(const std::string& key) {
+    return key.size() == 1 && key[0] >= '0' && key[0] <= '9';
+}
 
-bool IsTrigToken(const std::string& t) { return t == "S" || t == "C" || t == "T"; }
+bool IsTrigToken(const std::string& t) {
+    return t == "S" || t == "C" || t == "T";
+}
 
-bool Holds(const std::string& text, char c) { return text.find(c) != std::string::npos; }
+bool Holds(const std::string& text, char c) {
+    return text.find(c) != std::string::npos;
+}
 
-int Length(const std::string& text) { return static_cast<int>(text.size()); }
+int Length(const std::string& text) {
+    return static_cast<int>(text.size());
+}
 
 // Splits as the program's text split does: an empty text gives no parts at all, otherwise one
 // part more than there are separators.
@@ -206,9 +214,9 @@ bool ClosingParenRule(Session& s, const RuleView& v) {
 bool ExponentRule(Session& s, const RuleView& v) {
     const bool c = !(v.prev == "|" && s.LastBarClosed);
     if (s.InExponent(v.slot)) return false; // an exponent holds no exponent
-    const bool accepted =
-        IsLetter(v.prev) || (IsNumeric(v.prev) && v.prev2 != "?") || v.prev == ")" ||
-        (v.prev == "|" && !c && !s.BarOpen(v.slot) && !s.BarInExponent(v.slot));
+    const bool accepted = IsLetter(v.prev) || (IsNumeric(v.prev) && v.prev2 != "?") ||
+                          v.prev == ")" ||
+                          (v.prev == "|" && !c && !s.BarOpen(v.slot) && !s.BarInExponent(v.slot));
     if (!accepted) return false;
     s.NumberHasPoint = false;
     s.InExponent(v.slot) = true;
@@ -218,8 +226,7 @@ bool ExponentRule(Session& s, const RuleView& v) {
 bool OpeningParenRule(Session& s, const RuleView& v) {
     // The first two tokens of a row may always be "(".
     if (v.count >= 2) {
-        if (s.BarParenDepth(v.slot) < s.OpenParens(v.slot) && s.BarInExponent(v.slot))
-            return false;
+        if (s.BarParenDepth(v.slot) < s.OpenParens(v.slot) && s.BarInExponent(v.slot)) return false;
         if (v.prev == "(" && v.prev2 == "(") return false;
         if (v.prev == "(" && s.InExponent(v.slot)) return false;
         if (v.prev == ")") return false; // no ")(" in a row
@@ -308,7 +315,8 @@ bool CheckKey(Session& s, const std::string& key) {
 void GroupTokens(Session& s) {
     const int slot = s.ActiveSlot;
     const int count = s.TokenCount(slot);
-    for (int i = 0; i <= CellUpper; ++i) s.DisplayTokens(i, slot).clear();
+    for (int i = 0; i <= CellUpper; ++i)
+        s.DisplayTokens(i, slot).clear();
     // The groups go straight into the emptied display cells from cell 1; cell 0 stays empty.
     // A group index past the last cell is a subscript error, as for any full list.
     auto group = [&](int g) -> std::string& { return s.DisplayTokens(g, slot); };
@@ -360,7 +368,8 @@ void GroupTokens(Session& s) {
 }
 
 void CollectLetters(Session& s) {
-    for (int i = 0; i <= 20; ++i) s.LetterList(i).clear();
+    for (int i = 0; i <= 20; ++i)
+        s.LetterList(i).clear();
     s.LetterCount = 1;
     const int count = s.TokenCount(s.ActiveSlot);
     for (int i = 0; i <= count; ++i) {

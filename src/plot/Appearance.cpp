@@ -26,7 +26,9 @@ Colour AskColour(Session& s, Colour start) {
 }
 
 // A colour kept as decimal text, as the program applies it: text that is no colour gives black.
-Colour ColourOfText(const std::string& text) { return ColourValue(text).value_or(0); }
+Colour ColourOfText(const std::string& text) {
+    return ColourValue(text).value_or(0);
+}
 
 } // namespace
 
@@ -61,7 +63,8 @@ void mnuGraphDefault_Click(Session& s) {
     s.ShadeColor = std::to_string(DefaultColours.Shade);
     s.GraphBackColor = DefaultColours.Background;
     if (s.frmGraph) s.frmGraph->BackColor = s.GraphBackColor;
-    for (int i = 0; i <= 6; ++i) s.Picture1(i) = DefaultColours.Swatches[i];
+    for (int i = 0; i <= 6; ++i)
+        s.Picture1(i) = DefaultColours.Swatches[i];
     RepaintForLook(s);
 }
 

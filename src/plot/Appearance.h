@@ -10,8 +10,8 @@ namespace vt {
 
 // The colours that Default Colors sets.
 struct DefaultColourTable {
-    Colour Grid = 16766596;      // light blue
-    Colour Shade = 14737632;     // light grey
+    Colour Grid = 16766596;       // light blue
+    Colour Shade = 14737632;      // light grey
     Colour Background = 0xFFFFFF; // white
     // Picture1(0..4) the five rows (red, blue, green, magenta, orange), Picture1(5) the
     // regression line (red), Picture1(6) the points (blue).

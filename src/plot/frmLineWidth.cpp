@@ -48,20 +48,26 @@ frmLineWidth::frmLineWidth(Session& s, QWidget* parent) : QDialog(parent), s_(s)
     connect(command3_, &QPushButton::clicked, this, [this] { Command3_Click(); });
 }
 
-void frmLineWidth::Form_Load() { slider1_->setValue(s_.Slider1); }
+void frmLineWidth::Form_Load() {
+    slider1_->setValue(s_.Slider1);
+}
 
 void frmLineWidth::CopyToMain() {
     SetLineWidth(s_, slider1_->value());
 }
 
-void frmLineWidth::Command1_Click() { reject(); }
+void frmLineWidth::Command1_Click() {
+    reject();
+}
 
 void frmLineWidth::Command2_Click() {
     CopyToMain();
     accept();
 }
 
-void frmLineWidth::Command3_Click() { CopyToMain(); }
+void frmLineWidth::Command3_Click() {
+    CopyToMain();
+}
 
 void ShowLineWidth(Session& s, QWidget* owner) {
     frmLineWidth dialog(s, owner);

@@ -17,7 +17,7 @@ inline constexpr const char* LineWidthCaption = "Line Width";
 inline constexpr const char* LineWidthTip = "Slide to adjust drawing width.";
 
 class frmLineWidth : public QDialog {
-public:
+  public:
     explicit frmLineWidth(Session& s, QWidget* parent = nullptr);
 
     // Copies the main Slider1 to the dialog's slider.
@@ -33,7 +33,7 @@ public:
     QLabel* MinimumLabel() const { return minimum_; }
     QLabel* MaximumLabel() const { return maximum_; }
 
-private:
+  private:
     void CopyToMain();
 
     Session& s_;

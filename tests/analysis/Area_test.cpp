@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -35,23 +37,22 @@ TEST(AreaSum, RectanglesAtFullWeightWithBothEnds) {
         const char* step;
         const char* area;
     } cases[] = {
-        {"1", "0", "1", "0.1", "1.10"},          // eleven samples, not ten
-        {"x", "-1", "1", "0.5", "0.00"},         // signed: the halves cancel
-        {"2x", "3", "3", "0.5", "3.00"},         // a = b: one sample, f(a) * dx
-        {"1", "0", "1", "-0.5", "-0.50"},        // no loop; one rectangle at b with the step
-        {"1", "0", "0.3", "0.1", "0.40"},        // x drifts to 0.30000000000000004: b once more
-        {"1", "0", "2.3", "0.1", "2.40"},        // and at 2.3: 24 samples, not 23
-        {"1", "0", "0.9", "0.1", "1.00"},        // 0.9 reached by the loop itself
-        {"~x", "-1", "1", "0.5", "0.8536"},      // no value below 0: height 0, no message
-        {"1/x", "-1", "1", "1", "0.00"},         // no value at 0
-        {"2.5", "0", "4", "1", "12.50"},         // two decimals at least
-        {"0.123456", "2", "2", "1", "0.1235"},   // four at most
-        {"x", "0", "10", "1", "55.00"},
-        {"-1", "0", "2", "1", "-3.00"},
+        {"1", "0", "1", "0.1", "1.10"},        // eleven samples, not ten
+        {"x", "-1", "1", "0.5", "0.00"},       // signed: the halves cancel
+        {"2x", "3", "3", "0.5", "3.00"},       // a = b: one sample, f(a) * dx
+        {"1", "0", "1", "-0.5", "-0.50"},      // no loop; one rectangle at b with the step
+        {"1", "0", "0.3", "0.1", "0.40"},      // x drifts to 0.30000000000000004: b once more
+        {"1", "0", "2.3", "0.1", "2.40"},      // and at 2.3: 24 samples, not 23
+        {"1", "0", "0.9", "0.1", "1.00"},      // 0.9 reached by the loop itself
+        {"~x", "-1", "1", "0.5", "0.8536"},    // no value below 0: height 0, no message
+        {"1/x", "-1", "1", "1", "0.00"},       // no value at 0
+        {"2.5", "0", "4", "1", "12.50"},       // two decimals at least
+        {"0.123456", "2", "2", "1", "0.1235"}, // four at most
+        {"x", "0", "10", "1", "55.00"},        {"-1", "0", "2", "1", "-3.00"},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.keys << " on [" << c.from << ", " << c.to
-                                        << "] dx " << c.step);
+        SCOPED_TRACE(testing::Message()
+                     << c.keys << " on [" << c.from << ", " << c.to << "] dx " << c.step);
         AreaSession g;
         g.Type(0, c.keys);
         const AreaOutcome outcome = CalculateArea(g.s, c.from, c.to, c.step, 0);
@@ -76,12 +77,8 @@ TEST(AreaSum, CompiledRouteGivesWhatTheTextRouteGives) {
         const char* keys;
         double a, b, dx;
     } cases[] = {
-        {"2x^2+S(x)", -20, 20, 0.01},
-        {"1/x", -3, 3, 0.001},
-        {"~x", -2, 5, 0.003},
-        {"|x-3|*C(x)", -7.5, 7.5, 0.0137},
-        {"x^3-2x/7", -1e-3, 1e-3, 1e-6},
-        {"T(x)", -10, 10, 0.01},
+        {"2x^2+S(x)", -20, 20, 0.01},      {"1/x", -3, 3, 0.001},           {"~x", -2, 5, 0.003},
+        {"|x-3|*C(x)", -7.5, 7.5, 0.0137}, {"x^3-2x/7", -1e-3, 1e-3, 1e-6}, {"T(x)", -10, 10, 0.01},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.keys);
@@ -135,54 +132,46 @@ TEST(AreaDialog, ChecksTheInputInOrder) {
 
 TEST(AreaDialog, LoadOffersTheViewOrTheLastBandAndShadingOnlyForOneRow) {
     struct Case {
-        const char* rows[2];
+        const char* second; // keys of row 1
         double shadeFrom, shadeTo;
         const char* text1;
         const char* text2;
-        bool slider;
-        int sliderMax;
-        bool shadeEnabled;
+        int graphStyle;
     } cases[] = {
-        {{"x", ""}, 0, 0, "-20", "20", false, 5, true},
-        {{"x", ""}, 0, 3.5, "0", "3.5", false, 5, true},
-        {{"x", ""}, -1e-7, 0, "-1E-07", "0", false, 5, true},
-        {{"x", "1"}, 0, 0, "-20", "20", true, 2, false},
+        {"", 0, 0, "-20", "20", FillSolid},
+        {"", 0, 3.5, "0", "3.5", FillCross},
+        {"", -1e-7, 0, "-1E-07", "0", FillDiagonalCross},
+        {"1", 0, 0, "-20", "20", FillTransparent},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(c.text1);
         AreaSession g;
-        for (int i = 0; i < 2; ++i)
-            if (*c.rows[i]) g.Type(i, c.rows[i]);
+        g.Type(0, "x");
+        const bool oneRow = *c.second == '\0';
+        if (!oneRow) g.Type(1, c.second);
         g.s.ShadeFrom = c.shadeFrom;
         g.s.ShadeTo = c.shadeTo;
+        g.s.ShadeColor = "4210752";
         g.s.ActiveSlot = 3;
+        g.box.FillStyle = c.graphStyle;
         const FillRangeForm form = LoadedForm(g.s);
         EXPECT_EQ(form.Text1, c.text1);
         EXPECT_EQ(form.Text2, c.text2);
         EXPECT_EQ(form.Text3, "0.1");
-        EXPECT_EQ(form.SliderVisible, c.slider);
-        EXPECT_EQ(form.PictureWide, !c.slider);
-        EXPECT_EQ(form.SliderMax, c.sliderMax);
-        EXPECT_EQ(form.Command1Enabled, c.shadeEnabled);
-        EXPECT_EQ(form.Command1Tip, c.shadeEnabled ? ShadeAreaTip : "");
+        for (int i = 0; i <= 7; ++i)
+            EXPECT_EQ(form.Option1[static_cast<std::size_t>(i)], i == c.graphStyle) << i;
+        EXPECT_EQ(form.ShapeFillColor, 4210752u);
+        // Shading only while one function stands in the first row.
+        EXPECT_EQ(form.SliderVisible, !oneRow);
+        EXPECT_EQ(form.PictureWide, oneRow);
+        EXPECT_EQ(form.SliderMax, oneRow ? 5 : 2);
+        EXPECT_EQ(form.Command1Enabled, oneRow);
+        EXPECT_EQ(form.Command1Tip, oneRow ? ShadeAreaTip : "");
         EXPECT_EQ(g.s.ActiveSlot, 0);
         EXPECT_EQ(form.PictureColour, Red);
         // Centred on the main window.
         EXPECT_EQ(form.Left, 100 + 380 - 160);
         EXPECT_EQ(form.Top, 50 + 270 - 184);
-    }
-}
-
-TEST(AreaDialog, StylesFollowTheGraphBoxAndTheShadeColour) {
-    for (int style = 0; style <= 7; ++style) {
-        AreaSession g;
-        g.Type(0, "x");
-        g.box.FillStyle = style;
-        g.s.ShadeColor = "4210752";
-        g.s.GraphBackColor = 0x00FFFF;
-        const FillRangeForm form = LoadedForm(g.s);
-        for (int i = 0; i <= 7; ++i) EXPECT_EQ(form.Option1[static_cast<std::size_t>(i)], i == style);
-        EXPECT_EQ(form.ShapeFillColor, 4210752u);
-        EXPECT_EQ(form.ShapeBackColor, 0x00FFFFu);
     }
 }
 
@@ -198,9 +187,9 @@ TEST(AreaDialog, SliderPicksAFilledRowOnly) {
         int activeSlot;
         Colour colour;
     } steps[] = {
-        {2, false, 0, Red},        // row 1 is empty: nothing changes
-        {3, true, 2, 0x00C000},    // row 2, in its swatch's colour
-        {9, true, 2, 0x00C000},    // held at the maximum, row 2 again
+        {2, false, 0, Red},     // row 1 is empty: nothing changes
+        {3, true, 2, 0x00C000}, // row 2, in its swatch's colour
+        {9, true, 2, 0x00C000}, // held at the maximum, row 2 again
         {1, true, 0, Red},
     };
     for (const Step& step : steps) {
@@ -217,9 +206,9 @@ TEST(AreaDialog, ZoomButtonsHaveTheirOwnLimits) {
         bool in;
         double xMinAfter;
     } cases[] = {
-        {-1, 1, true, -0.5},          // w = 2 still halves
-        {-0.5, 0.5, true, -0.5},      // w = 1: nothing
-        {0, 1.5, true, 0},            // w = 1.5: nothing, though the view is not tiny
+        {-1, 1, true, -0.5},             // w = 2 still halves
+        {-0.5, 0.5, true, -0.5},         // w = 1: nothing
+        {0, 1.5, true, 0},               // w = 1.5: nothing, though the view is not tiny
         {-81920, 81920, false, -163840}, // w = 163840 still doubles
         {-81920, 81921, false, -81920},  // beyond: nothing
     };
@@ -253,35 +242,13 @@ TEST(AreaDialog, ZoomButtonsHaveTheirOwnLimits) {
     }
 }
 
-TEST(AreaDialog, ShadeColourStartsFromTheShadeAndACancelKeepsIt) {
-    struct Case {
-        bool answered;
-        Colour answer;
-        const char* shade;
-    } cases[] = {{true, 0x123456, "1193046"}, {false, 0, "14737632"}};
-    for (const Case& c : cases) {
-        AreaSession g;
-        g.Type(0, "x");
-        FillRangeForm form = LoadedForm(g.s);
-        if (c.answered) g.host.ColourAnswers.push_back(c.answer);
-        frmFillRange_Command4_Click(g.s, form);
-        ASSERT_EQ(g.host.Calls.size(), 1u);
-        EXPECT_EQ(g.host.Calls[0].Kind, "ChooseColour");
-        EXPECT_EQ(g.host.Calls[0].Style, 14737632);
-        EXPECT_EQ(g.s.ShadeColor, c.shade);
-        EXPECT_EQ(form.ShapeFillColor, PrefixNumber(c.shade));
-        EXPECT_FALSE(form.Unloaded);
-    }
-}
-
 TEST(AreaDialog, ReopensWhereItStoodAndClosingForGoodTakesTheShadingAway) {
     AreaSession g;
     g.Type(0, "x");
     RedrawGraph(g.s);
-    std::vector<FillRangeForm> shown;
-    std::vector<int> repaintsBefore;
-    // Each showing: load, then what the user does, then the form as it closed.
-    std::vector<std::function<void(FillRangeForm&)>> user = {
+    // What the user does at each showing; the dialog comes back until Close.
+    const std::function<void(FillRangeForm&)> user[] = {
+        [&](FillRangeForm& f) { frmFillRange_Command6_Click(g.s, f); }, // Zoom Out, no shading
         [&](FillRangeForm& f) {
             f.Left = 333; // moved by the user
             f.Top = 222;
@@ -293,24 +260,27 @@ TEST(AreaDialog, ReopensWhereItStoodAndClosingForGoodTakesTheShadingAway) {
             f.Option1[6] = true;
             frmFillRange_Command1_Click(g.s, f); // Shade Area
         },
-        [&](FillRangeForm& f) { frmFillRange_Command5_Click(g.s, f); }, // Zoom In while shaded
+        [&](FillRangeForm& f) { frmFillRange_Command5_Click(g.s, f); }, // Zoom In, shaded
         [&](FillRangeForm& f) { frmFillRange_Command2_Click(g.s, f); }, // Close
     };
-    std::size_t turn = 0;
+    std::vector<FillRangeForm> shown;
+    std::vector<bool> shadedAtLoad;
+    std::vector<int> paintsAtLoad;
     mnuShade_Click(g.s, [&] {
-        ASSERT_LT(turn, user.size());
-        repaintsBefore.push_back(g.box.Clears);
+        ASSERT_LT(shown.size(), std::size(user));
+        paintsAtLoad.push_back(g.box.Clears);
+        shadedAtLoad.push_back(g.s.ShadeOn);
         FillRangeForm form = LoadedForm(g.s);
         shown.push_back(form);
-        user[turn++](form);
+        user[shown.size() - 1](form);
         EXPECT_TRUE(form.Unloaded);
     });
-    ASSERT_EQ(shown.size(), 3u);
-    // The first showing is centred, with the designed step and no result.
-    EXPECT_EQ(shown[0].Text3, "0.1");
-    EXPECT_EQ(shown[0].Text4, "");
+    ASSERT_EQ(shown.size(), 4u);
+    EXPECT_EQ(shadedAtLoad, (std::vector<bool>{false, false, true, true}));
+    EXPECT_EQ(shown[1].Text3, "0.1");
+    EXPECT_EQ(shown[1].Text4, "");
     // After Shade Area: position, result and step as they were, the range from the band.
-    for (std::size_t i : {1u, 2u}) {
+    for (std::size_t i : {2u, 3u}) {
         EXPECT_EQ(shown[i].Left, 333);
         EXPECT_EQ(shown[i].Top, 222);
         EXPECT_EQ(shown[i].Text4, "2.25"); // (1 + 1.5 + 2) * 0.5
@@ -320,46 +290,15 @@ TEST(AreaDialog, ReopensWhereItStoodAndClosingForGoodTakesTheShadingAway) {
         EXPECT_TRUE(shown[i].Option1[6]);
     }
     // A repaint before each return, and one after closing for good.
-    EXPECT_GT(repaintsBefore[1], repaintsBefore[0]);
-    EXPECT_GT(repaintsBefore[2], repaintsBefore[1]);
-    EXPECT_GT(g.box.Clears, repaintsBefore[2]);
-    EXPECT_EQ(g.s.ViewXMax, 10);
+    for (std::size_t i = 1; i < paintsAtLoad.size(); ++i)
+        EXPECT_GT(paintsAtLoad[i], paintsAtLoad[i - 1]);
+    EXPECT_GT(g.box.Clears, paintsAtLoad.back());
+    EXPECT_EQ(g.s.ViewXMax, 20);
     EXPECT_FALSE(g.s.ShadeOn);
-    EXPECT_EQ(g.s.ShadeFillStyle, 6);
     EXPECT_EQ(g.s.AreaAction, AreaClosed);
     // The band stays for the next opening.
     EXPECT_EQ(g.s.ShadeFrom, 1);
     EXPECT_EQ(g.s.ShadeTo, 2);
-}
-
-TEST(AreaDialog, ZoomWithoutShadingRepaintsWithoutShading) {
-    AreaSession g;
-    g.Type(0, "x");
-    std::vector<bool> shadeOnAtLoad;
-    int turn = 0;
-    mnuShade_Click(g.s, [&] {
-        shadeOnAtLoad.push_back(g.s.ShadeOn);
-        FillRangeForm form = LoadedForm(g.s);
-        if (turn++ == 0)
-            frmFillRange_Command6_Click(g.s, form);
-        else
-            frmFillRange_Command2_Click(g.s, form);
-    });
-    EXPECT_EQ(shadeOnAtLoad, (std::vector<bool>{false, false}));
-    EXPECT_EQ(g.s.ViewXMax, 40);
-}
-
-TEST(ApplyShade, SetsTheSessionAsShadeAreaDoes) {
-    AreaSession g;
-    g.Type(0, "x");
-    g.Type(1, "1");
-    g.s.ActiveSlot = 0;
-    ApplyShade(g.s, -3, 4.5, FillCross);
-    EXPECT_TRUE(g.s.ShadeOn);
-    EXPECT_EQ(g.s.ShadeFrom, -3);
-    EXPECT_EQ(g.s.ShadeTo, 4.5);
-    EXPECT_EQ(g.s.ShadeFillStyle, FillCross);
-    EXPECT_EQ(g.s.ActiveSlot, 1);
 }
 
 } // namespace

@@ -22,35 +22,54 @@ TEST(EvalFX, CalculateFillsTheRowsThatHaveAValue) {
     struct Case {
         Rows functions;
         const char* x;
-        Rows left;   // Label2 after Calculate
-        Rows value;  // Label3
+        Rows left;  // Label2 after Calculate
+        Rows value; // Label3
         const char* message;
     } cases[] = {
-        {{"2x+1", "", "", "", ""}, "2",
-         {"f(2) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="}, {"5", "", "", "", ""}, nullptr},
-        // Checked as a number, evaluated at 100, shown as typed.
-        {{"2x+1", "", "", "", ""}, "1e2",
-         {"f(1e2) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="}, {"201", "", "", "", ""}, nullptr},
-        // No value: "NA" with no message.
-        {{"1/x", "x", "", "", ""}, "0",
-         {"f(0) =", "f(0) =", "f(x) =", "f(x) =", "f(x) ="}, {"NA", "0", "", "", ""}, nullptr},
-        {{"x", "", "", "", ""}, " -.5 ",
-         {"f( -.5 ) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="}, {"-0.5", "", "", "", ""},
+        {{"2x+1", "", "", "", ""},
+         "2",
+         {"f(2) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="},
+         {"5", "", "", "", ""},
          nullptr},
-        {{"2x+1", "", "", "", ""}, "",
-         {"f(x) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="}, {"", "", "", "", ""},
+        // Checked as a number, evaluated at 100, shown as typed.
+        {{"2x+1", "", "", "", ""},
+         "1e2",
+         {"f(1e2) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="},
+         {"201", "", "", "", ""},
+         nullptr},
+        // No value: "NA" with no message.
+        {{"1/x", "x", "", "", ""},
+         "0",
+         {"f(0) =", "f(0) =", "f(x) =", "f(x) =", "f(x) ="},
+         {"NA", "0", "", "", ""},
+         nullptr},
+        {{"x", "", "", "", ""},
+         " -.5 ",
+         {"f( -.5 ) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="},
+         {"-0.5", "", "", "", ""},
+         nullptr},
+        {{"2x+1", "", "", "", ""},
+         "",
+         {"f(x) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="},
+         {"", "", "", "", ""},
          XNotNumberText},
-        {{"2x+1", "", "", "", ""}, "2a",
-         {"f(x) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="}, {"", "", "", "", ""},
+        {{"2x+1", "", "", "", ""},
+         "2a",
+         {"f(x) =", "f(x) =", "f(x) =", "f(x) =", "f(x) ="},
+         {"", "", "", "", ""},
          XNotNumberText},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.functions[0] << " at '" << c.x << "'");
         EvalSession g;
         for (int i = 0; i < 5; ++i)
-            if (*c.functions[static_cast<std::size_t>(i)]) g.Type(i, c.functions[static_cast<std::size_t>(i)]);
+            if (*c.functions[static_cast<std::size_t>(i)])
+                g.Type(i, c.functions[static_cast<std::size_t>(i)]);
         EvalFXForm form;
         frmEvalFX_Load(g.s, form);
+        // The slider shows only with more than the first row filled.
+        EXPECT_EQ(form.SliderVisible, *c.functions[1] != '\0');
+        EXPECT_EQ(form.PictureColour, Red);
         form.Text1 = c.x;
         frmEvalFX_Command1_Click(g.s, form);
         for (std::size_t i = 0; i < 5; ++i) {
@@ -72,7 +91,8 @@ TEST(EvalFX, ARowThatLosesItsFunctionKeepsItsLabelAndShowsNoValue) {
     form.Text1 = "4";
     frmEvalFX_Command1_Click(g.s, form);
     ASSERT_EQ(form.Label3[1], "3");
-    for (int i = 0; i <= CellUpper; ++i) g.s.GraphableCells(i, 1).clear();
+    for (int i = 0; i <= CellUpper; ++i)
+        g.s.GraphableCells(i, 1).clear();
     form.Text1 = "5";
     frmEvalFX_Command1_Click(g.s, form);
     EXPECT_EQ(form.Label2[0], "f(5) =");
@@ -80,71 +100,6 @@ TEST(EvalFX, ARowThatLosesItsFunctionKeepsItsLabelAndShowsNoValue) {
     EXPECT_EQ(form.Label2[1], "f(4) =");
     EXPECT_EQ(form.Label3[1], "");
     EXPECT_TRUE(form.Label3Visible[1]);
-}
-
-TEST(EvalFX, LoadAndSliderFollowTheFilledRows) {
-    struct Case {
-        std::vector<int> filled;
-        bool sliderVisible;
-        int sliderMax;
-    } cases[] = {{{0}, false, 5}, {{0, 1}, true, 2}, {{0, 3}, true, 4}};
-    for (const Case& c : cases) {
-        EvalSession g;
-        g.s.Picture1(3) = 0x336699;
-        for (int slot : c.filled) g.Type(slot, "x");
-        g.s.ActiveSlot = 2;
-        EvalFXForm form;
-        frmEvalFX_Load(g.s, form);
-        EXPECT_EQ(form.SliderVisible, c.sliderVisible);
-        EXPECT_EQ(form.PictureWide, !c.sliderVisible);
-        EXPECT_EQ(form.SliderMax, c.sliderMax);
-        EXPECT_EQ(form.Slider1, 1);
-        EXPECT_EQ(form.PictureSlot, 0);
-        EXPECT_EQ(form.PictureColour, Red);
-        EXPECT_EQ(form.Label3Colour[3], 0x336699u);
-        if (c.filled.size() < 2) continue;
-        // An empty row changes nothing; a filled one takes the picture, not ActiveSlot.
-        const int other = c.filled[1];
-        if (other > 1) {
-            EXPECT_FALSE(frmEvalFX_Slider1_Change(g.s, form, 2));
-        }
-        EXPECT_EQ(form.PictureSlot, 0);
-        EXPECT_TRUE(frmEvalFX_Slider1_Change(g.s, form, other + 1));
-        EXPECT_EQ(form.PictureSlot, other);
-        EXPECT_EQ(form.PictureColour, g.s.Picture1(other));
-        EXPECT_EQ(g.s.ActiveSlot, 2);
-    }
-}
-
-TEST(EvalFX, EnterCalculatesAndEscapeCloses) {
-    EvalSession g;
-    g.Type(0, "x^2");
-    EvalFXForm form;
-    frmEvalFX_Load(g.s, form);
-    form.Text1 = "3";
-    EXPECT_FALSE(frmEvalFX_Text1_KeyPress(g.s, form, '3'));
-    EXPECT_EQ(form.Label3[0], "");
-    EXPECT_TRUE(frmEvalFX_Text1_KeyPress(g.s, form, EvalEnterKey));
-    EXPECT_EQ(form.Label3[0], "9");
-    EXPECT_FALSE(form.Unloaded);
-    EXPECT_TRUE(frmEvalFX_Text1_KeyPress(g.s, form, EvalEscapeKey));
-    EXPECT_TRUE(form.Unloaded);
-}
-
-TEST(ShowSlotFunction, TypesetsTheRowInItsColourOnACleanSurface) {
-    EvalSession g;
-    g.Type(1, "2x");
-    RecordingSurface picture(290, 41);
-    ShowSlotFunction(g.s, picture, 1, 0x00C000);
-    ASSERT_FALSE(picture.Log.empty());
-    EXPECT_EQ(picture.Log.front(), "Cls");
-    std::string printed;
-    for (const auto& p : picture.Prints) {
-        printed += p.Text;
-        EXPECT_EQ(p.ForeColor, 0x00C000u);
-    }
-    EXPECT_NE(printed.find("f(x) ="), std::string::npos) << printed;
-    EXPECT_NE(printed.find("2x"), std::string::npos) << printed;
 }
 
 } // namespace

@@ -19,7 +19,8 @@ inline std::unique_ptr<Session> NewEntrySession() {
 
 // Each character as a key for the active row.
 inline void Type(Session& s, std::string_view keys) {
-    for (char c : keys) Paper_KeyPress(s, s.ActiveSlot, static_cast<unsigned char>(c));
+    for (char c : keys)
+        Paper_KeyPress(s, s.ActiveSlot, static_cast<unsigned char>(c));
 }
 
 // Keys as the Insert commands and a file load send them: S, C and T pass.

@@ -33,17 +33,26 @@ const std::string TokenAlphabet = "0123456789.+-*/^~|()xPSCT";
 // Keys that mostly pass the class test, so that rows grow.
 const std::string UsefulKeys = "0123456789.+-*/^~|()xXPSCT\b\r";
 
-bool IsOp(char c) { return c == '+' || c == '-' || c == '*' || c == '/'; }
-bool IsDigitChar(char c) { return c >= '0' && c <= '9'; }
-bool IsLetterChar(char c) { return c == 'x' || c == 'P' || c == 'S' || c == 'C' || c == 'T'; }
+bool IsOp(char c) {
+    return c == '+' || c == '-' || c == '*' || c == '/';
+}
+bool IsDigitChar(char c) {
+    return c >= '0' && c <= '9';
+}
+bool IsLetterChar(char c) {
+    return c == 'x' || c == 'P' || c == 'S' || c == 'C' || c == 'T';
+}
 
 // Pairs that no sequence of keys can put side by side in a row.
 bool ForbiddenPair(char a, char b) {
-    if (IsOp(a) && IsOp(b)) return true;                        // two operators
-    if (IsLetterChar(a) && (IsDigitChar(b) || b == 'P')) return true; // a digit or pi after a letter
+    // Two operators; a digit or pi after a letter; x twice; only digits after a point.
+    if (IsOp(a) && IsOp(b)) return true;
+    if (IsLetterChar(a) && (IsDigitChar(b) || b == 'P')) return true;
     if (a == 'x' && b == 'x') return true;
+    if (a == '.' && !IsDigitChar(b)) return true;
+    // After ")" no digit, letter or "("; after "(", "~" and "^" none of the operators that
+    // need something before them.
     if (a == ')' && (IsDigitChar(b) || IsLetterChar(b) || b == '(')) return true;
-    if (a == '.' && !IsDigitChar(b)) return true;               // only digits follow a point
     if (a == '(' && (b == '+' || b == '*' || b == '/' || b == ')' || b == '^')) return true;
     if (a == '~' && (b == '+' || b == '*' || b == '/')) return true;
     if (a == '^' && (b == '+' || b == '*' || b == '/' || b == '^' || b == ')')) return true;
@@ -98,8 +107,8 @@ struct KeyOutcome {
         if (s.KeyAccepted != !before.empty())
             return ::testing::AssertionFailure() << "Backspace accepted " << s.KeyAccepted;
         const std::size_t removed = before.size() - now.size();
-        if (!before.empty() && (now.size() >= before.size() || removed > 3 ||
-                                before.compare(0, now.size(), now) != 0))
+        if (!before.empty() &&
+            (now.size() >= before.size() || removed > 3 || before.compare(0, now.size(), now) != 0))
             return ::testing::AssertionFailure() << "Backspace made \"" << now << "\"";
     } else if (s.KeyAccepted) {
         const char stored = k.key == 'X' ? 'x' : static_cast<char>(k.key);
@@ -122,8 +131,8 @@ struct KeyOutcome {
     if (s.OpenParens(slot) != open - closed || open - closed < 0 || open - closed > 3)
         return ::testing::AssertionFailure() << "OpenParens " << s.OpenParens(slot);
     if (s.OpenBars(slot) != bars % 2 || s.BarOpen(slot) != (bars % 2 == 1))
-        return ::testing::AssertionFailure() << "OpenBars " << s.OpenBars(slot) << " BarOpen "
-                                             << s.BarOpen(slot);
+        return ::testing::AssertionFailure()
+               << "OpenBars " << s.OpenBars(slot) << " BarOpen " << s.BarOpen(slot);
 
     // The builder ran: its completeness flag fits the end of the row, and its texts are there.
     // Both texts start at cell 0 and have no gaps, so their first cells tell whether they exist;
@@ -139,8 +148,7 @@ struct KeyOutcome {
                                 open > closed || bars % 2 == 1;
         if (unfinished && !s.SlotIncomplete(slot))
             return ::testing::AssertionFailure() << "unfinished row not marked incomplete";
-        if (!graphable || !display)
-            return ::testing::AssertionFailure() << "no text built";
+        if (!graphable || !display) return ::testing::AssertionFailure() << "no text built";
     }
     return ::testing::AssertionSuccess();
 }
@@ -193,7 +201,8 @@ TEST(RandomKeys, RowsStayListsTheRulesCouldMake) {
             if (ok && s.ActiveSlot != slot) ok = ::testing::AssertionFailure() << "row changed";
             for (int other = 0; ok && other < UsableSlots; ++other)
                 if (other != slot &&
-                    s.TokenCount(other) != static_cast<int>(rows[static_cast<std::size_t>(other)].size()))
+                    s.TokenCount(other) !=
+                        static_cast<int>(rows[static_cast<std::size_t>(other)].size()))
                     ok = ::testing::AssertionFailure() << "row " << other << " changed";
             if (!ok) {
                 FAIL() << ok.message() << "\n sequence " << seq << ", row " << slot

@@ -122,34 +122,4 @@ TEST(Expression, Failures) {
         ExpectOutcome(EvaluateExpression(c.text), c.value, c.text.substr(0, 40));
 }
 
-TEST(Expression, CompiledProgramReadsXAsItsText) {
-    // The program with x free against the text with x written in: a negative x is a minus sign
-    // at the place of x, with the precedence that a minus has there.
-    struct Case {
-        const char* text;
-        double x;
-    } cases[] = {
-        {"x^(2)", 3}, {"x^(2)", -3},    {"5-x^(2)", -3}, {"2*x", -3},    {"2^x", -2},
-        {"x^x", -2},  {"(x)^(.5)", -4}, {"x^(.5)", -4},  {"(1)/(x)", 0}, {"abs(x)+1", -7},
-        {"x-x", -1},  {"-x", -2},       {"2^-x", -3},    {"x^-x", -2},   {"sin(x)*cos(x)", -1},
-    };
-    for (const Case& c : cases) {
-        const bool negative = c.x < 0;
-        const ExpressionProgram program =
-            ExpressionProgram::Compile(c.text, negative ? ExpressionProgram::XMode::NegatedValue
-                                                        : ExpressionProgram::XMode::Value);
-        std::string spliced = c.text;
-        const std::string xText = std::to_string(static_cast<int>(c.x));
-        for (std::size_t at = spliced.find('x'); at != std::string::npos;
-             at = spliced.find('x', at))
-            spliced.replace(at, 1, xText);
-        const EvalResult expected = EvaluateExpression(spliced);
-        const EvalResult got = program.Run(std::fabs(c.x));
-        EXPECT_EQ(got.kind, expected.kind) << c.text << " at " << c.x;
-        if (expected.kind == EvalResult::Value) {
-            EXPECT_EQ(got.value, expected.value) << spliced;
-        }
-    }
-}
-
 } // namespace vt
