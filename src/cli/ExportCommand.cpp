@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QImage>
 
+#include "analysis/Area.h"
 #include "cli/CliPlatform.h"
 #include "cli/Command.h"
 #include "cli/Json.h"
@@ -30,6 +31,27 @@ bool ParseView(const std::string& text, double bounds[4]) {
     return bounds[0] < bounds[1] && bounds[2] < bounds[3];
 }
 
+// "FROM,TO[,STYLE]": two numbers and a fill style 0..7 (solid when left out).
+bool ParseShade(const std::string& text, double& from, double& to, int& style) {
+    std::vector<std::string> parts;
+    std::size_t start = 0;
+    for (;;) {
+        const std::size_t comma = text.find(',', start);
+        parts.push_back(text.substr(start, comma - start));
+        if (comma == std::string::npos) break;
+        start = comma + 1;
+    }
+    if (parts.size() < 2 || parts.size() > 3) return false;
+    for (const auto& part : parts)
+        if (!IsNumericText(part)) return false;
+    from = PrefixNumber(parts[0]);
+    to = PrefixNumber(parts[1]);
+    const double fill = parts.size() == 3 ? PrefixNumber(parts[2]) : 0;
+    if (fill != static_cast<int>(fill) || fill < 0 || fill > 7) return false;
+    style = static_cast<int>(fill);
+    return true;
+}
+
 std::string JsonNumber(double value) { return NumberText(value); }
 
 } // namespace
@@ -48,6 +70,10 @@ int ExportCommand(const QStringList& arguments) {
     parser.addOption(QCommandLineOption("auto", "Scale the view as the Graph button does."));
     parser.addOption(QCommandLineOption("hide-grid", "Leave out the grid (Hide Grid)."));
     parser.addOption(QCommandLineOption("quadrants", "Show the quadrant numerals."));
+    parser.addOption(QCommandLineOption(
+        "shade", "Shade the area under the function between two x, as Shade Area does; STYLE is "
+                 "the fill style 0..7 (0 solid, 1 transparent, 2..7 hatches).",
+        "FROM,TO[,STYLE]"));
     AddJsonOption(parser);
     if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
     std::vector<std::string> keys;
@@ -70,6 +96,14 @@ int ExportCommand(const QStringList& arguments) {
         return ExitUsage;
     }
 
+    double shadeFrom = 0, shadeTo = 0;
+    int shadeStyle = 0;
+    if (parser.isSet("shade") &&
+        !ParseShade(parser.value("shade").toStdString(), shadeFrom, shadeTo, shadeStyle)) {
+        Err("veritrace-cli export: --shade takes FROM,TO or FROM,TO,STYLE with STYLE 0 to 7");
+        return ExitUsage;
+    }
+
     render::LoadBundledFonts();
     CliPlatform platform;
     render::RasterSurface box(400, 400);
@@ -87,6 +121,7 @@ int ExportCommand(const QStringList& arguments) {
     s.ViewYMax = view[3];
     s.HideGridChecked = parser.isSet("hide-grid");
     s.GraphQuadrantChecked = parser.isSet("quadrants");
+    if (parser.isSet("shade")) ApplyShade(s, shadeFrom, shadeTo, shadeStyle);
     if (parser.isSet("auto"))
         AutoGraph(s);
     else

@@ -2,33 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <QProcess>
-#include <QStringList>
 #include <string>
+
+#include "support/CliRun.h"
 
 namespace {
 
-struct CliRun {
-    int Exit = -1;
-    std::string Out;
-    std::string Err;
-};
+using vt::test::CliRun;
 
-CliRun Area(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(VERITRACE_CLI), QStringList{"area"} + arguments);
-    CliRun run;
-    if (!process.waitForFinished(20000)) {
-        process.kill();
-        process.waitForFinished();
-        run.Err = "timed out";
-        return run;
-    }
-    run.Exit = process.exitCode();
-    run.Out = process.readAllStandardOutput().toStdString();
-    run.Err = process.readAllStandardError().toStdString();
-    return run;
-}
+CliRun Area(const QStringList& arguments) { return vt::test::RunCli(QStringList{"area"} + arguments); }
 
 TEST(AreaCommand, PrintsTheAreaAsTheWindowShowsIt) {
     struct Case {

@@ -110,6 +110,21 @@ TEST(CliExport, PaintsTheGraphBoxAsTheWindowDoes) {
               image.convertToFormat(QImage::Format_RGB32));
 }
 
+TEST(CliExport, ShadesTheBandAsShadeAreaDoes) {
+    QTemporaryDir dir;
+    const QString png = dir.filePath("s.png");
+    ASSERT_EQ(RunCli({"export", "-k", "x^2", "--shade", "0,2", "-o", png}).Exit, 0);
+    const QImage image(png);
+    // The shade colour 0xE0E0E0 stands between x = 0 and 2 (columns 200..220) and nowhere else.
+    int inside = 0, outside = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if ((image.pixel(x, y) & 0xFFFFFF) == 0xE0E0E0u) ++(x >= 200 && x <= 220 ? inside : outside);
+    EXPECT_GT(inside, 20);
+    EXPECT_EQ(outside, 0);
+    EXPECT_EQ(RunCli({"export", "-k", "x", "--shade", "0,2,9", "-o", png}).Exit, 2);
+}
+
 TEST(CliExport, AutoScalingReportsWhenNothingShows) {
     QTemporaryDir dir;
     const CliRun shown =
