@@ -16,6 +16,7 @@
 
 #include "analysis/EvalFX.h"
 #include "app/qt/SurfaceView.h"
+#include "app/qt/Twips.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
 
@@ -29,13 +30,6 @@ namespace vt {
 
 namespace {
 
-// Designed in twips, shown at 15 twips a pixel.
-constexpr int Pixels(int twips) {
-    return twips / 15;
-}
-QRect Twips(int left, int top, int width, int height) {
-    return QRect(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
-}
 
 constexpr int PictureTop = 120;
 constexpr int PictureHeight = 615;

@@ -13,12 +13,6 @@ namespace vt {
 
 namespace {
 
-// The regression redraw belongs to the regression overlay, which binds it to the session;
-// until then a redraw in regression mode does nothing.
-void RedrawRegression(Session& s) {
-    if (s.RedrawRegressionHook) s.RedrawRegressionHook(s);
-}
-
 // The colour dialog started from `start`. Without a window there is no one to choose, which is
 // what a cancel is: the start colour.
 Colour AskColour(Session& s, Colour start) {

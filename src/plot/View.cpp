@@ -75,12 +75,22 @@ void ApplyView(Session& s) {
     list.Top = s.ViewYMax;
 }
 
+void RedrawRegression(Session& s) {
+    if (s.RedrawRegressionHook) s.RedrawRegressionHook(s);
+}
+
 void RedrawByMode(Session& s) {
-    if (s.Check1 == 1) {
-        if (s.RedrawRegressionHook) s.RedrawRegressionHook(s);
-        return;
-    }
-    RedrawGraph(s);
+    if (s.Check1 == 1)
+        RedrawRegression(s);
+    else
+        RedrawGraph(s);
+}
+
+void PaintByMode(Session& s) {
+    if (s.Check1 == 1)
+        RedrawRegression(s);
+    else
+        formPaint(s);
 }
 
 void ZoomIn(Session& s) {

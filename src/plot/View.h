@@ -44,6 +44,10 @@ void ApplyView(Session& s);
 // The redraw that ends every change: the regression redraw in regression mode, otherwise the
 // full redraw.
 void RedrawByMode(Session& s);
+// The same with the view unchanged: the regression redraw, otherwise the paint alone.
+void PaintByMode(Session& s);
+// The regression redraw, bound by the regression overlay; unbound it does nothing.
+void RedrawRegression(Session& s);
 
 // Halve or double all four bounds, about the origin; refused silently at the limits.
 void ZoomIn(Session& s);

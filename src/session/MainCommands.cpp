@@ -65,15 +65,6 @@ void PrepareMainWindow(Session& s) {
     EnableGraphCommands(s, false);
 }
 
-// A paint with the view unchanged, by the mode.
-static void PaintForMode(Session& s) {
-    if (s.Check1 == 1) {
-        if (s.RedrawRegressionHook) s.RedrawRegressionHook(s);
-    } else {
-        formPaint(s);
-    }
-}
-
 void Paper_GotFocus(Session& s, int index) {
     for (int i = 0; i < UsableSlots; ++i)
         SetRowBackColor(s, i, PaperWhite);
@@ -175,7 +166,7 @@ void mnuHideGrid_Click(Session& s) {
 
 void mnuGraphQuadrant_Click(Session& s) {
     s.GraphQuadrantChecked = !s.GraphQuadrantChecked;
-    PaintForMode(s);
+    PaintByMode(s);
 }
 
 void mnuToggleCoordinates_Click(Session& s) {
@@ -226,7 +217,7 @@ void Toolbar1_ButtonClick(Session& s, const std::string& key) {
         {"graph",
          [&] {
              if (s.Check1 == 1) {
-                 if (s.RedrawRegressionHook) s.RedrawRegressionHook(s);
+                 RedrawRegression(s);
              } else {
                  AutoGraph(s);
              }

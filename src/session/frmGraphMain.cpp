@@ -27,6 +27,7 @@
 #include "analysis/frmFillRange.h"
 #include "app/qt/SplashPlaceholder.h"
 #include "app/qt/SurfaceView.h"
+#include "app/qt/Twips.h"
 #include "display/Papers.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
@@ -49,19 +50,12 @@ namespace vt {
 
 namespace {
 
-// Pixels of a length in twips.
-constexpr int Px(int twips) {
-    return twips / 15;
-}
 
 // The client area: the toolbar's width, and room under the graph box's frame.
 constexpr int ClientWidth = 11400;
 constexpr int ClientHeight = 7200;
 constexpr int GraphBoxTwips = 6000;
 
-QRect Twips(int left, int top, int width, int height) {
-    return QRect(Px(left), Px(top), Px(width), Px(height));
-}
 
 QIcon IconFor(const std::string& key) {
     QSvgRenderer svg(QStringLiteral(":/icons/%1.svg").arg(QString::fromStdString(key)));
@@ -137,7 +131,7 @@ frmGraphMain::frmGraphMain(Session& s, Platform& platform, MainWindowOptions opt
     setWindowIcon(IconFor("veritrace"));
 
     client_ = new BackgroundPanel(this);
-    client_->setFixedSize(Px(ClientWidth), Px(ClientHeight));
+    client_->setFixedSize(Pixels(ClientWidth), Pixels(ClientHeight));
     setCentralWidget(client_);
     // The graph box must never scale: the window keeps its designed size.
     layout()->setSizeConstraint(QLayout::SetFixedSize);
@@ -240,10 +234,10 @@ void frmGraphMain::BuildGraphBox() {
     shape1_ = new FrameShape(client_);
     shape1_->setGeometry(Twips(5270, 960, 6030, 6030));
 
-    graphSurface_ = std::make_unique<render::RasterSurface>(Px(GraphBoxTwips), Px(GraphBoxTwips));
+    graphSurface_ = std::make_unique<render::RasterSurface>(Pixels(GraphBoxTwips), Pixels(GraphBoxTwips));
     graph_ = new app::SurfaceView(client_);
     graph_->SetSurface(graphSurface_.get());
-    graph_->move(Px(5280), Px(975));
+    graph_->move(Pixels(5280), Pixels(975));
     graph_->setFocusPolicy(Qt::ClickFocus);
     graphSurface_->OnRefresh = [this] { graph_->repaint(); };
 
@@ -304,13 +298,13 @@ void frmGraphMain::BuildRows() {
     QWidget* previous = nullptr;
     for (int i = 0; i < UsableSlots; ++i) {
         const auto slot = static_cast<std::size_t>(i);
-        auto surface = std::make_unique<render::RasterSurface>(Px(4335), Px(615));
+        auto surface = std::make_unique<render::RasterSurface>(Pixels(4335), Pixels(615));
         surface->FontName = "OrlentisFont";
         surface->FontSize = 12;
         surface->SmoothText = true;
         auto* paper = new app::SurfaceView(client_);
         paper->SetSurface(surface.get());
-        paper->move(Px(840), Px(960 + PaperRowPitch * i));
+        paper->move(Pixels(840), Pixels(960 + PaperRowPitch * i));
         paper->setFocusPolicy(Qt::StrongFocus);
         paper->setToolTip(QStringLiteral("Click in the box to enter data."));
         paper->GotFocus = [this, i] {
