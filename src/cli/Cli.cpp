@@ -14,6 +14,7 @@ namespace vt::cli {
 int FormulasCommand(const QStringList& arguments);
 int EvalCommand(const QStringList& arguments);
 int ExportCommand(const QStringList& arguments);
+int EquationCommand(const QStringList& arguments);
 int AreaCommand(const QStringList& arguments);
 
 namespace {
@@ -41,6 +42,8 @@ const std::vector<Command>& Commands() {
         {"formulas", "show the entry, display and evaluator texts of each function", FormulasCommand},
         {"eval", "evaluate every function at one x, as Evaluate f(x) does", EvalCommand},
         {"export", "paint the graph as the window does and write it as BMP or PNG", ExportCommand},
+        {"equation", "typeset the function rows as the window shows them, as an image",
+         EquationCommand},
         {"area", "the area under one function between two x, as Calculate Area does", AreaCommand},
     };
     return commands;

@@ -125,6 +125,22 @@ TEST(CliExport, ShadesTheBandAsShadeAreaDoes) {
     EXPECT_EQ(RunCli({"export", "-k", "x", "--shade", "0,2,9", "-o", png}).Exit, 2);
 }
 
+TEST(CliEquation, StacksTheTypesetRows) {
+    QTemporaryDir dir;
+    const QString png = dir.filePath("eq.png");
+    // Rows 0 and 2 hold functions, row 1 stays empty and is left out.
+    ASSERT_EQ(RunCli({"equation", "-k", "2x^2+1/x", "-k", "", "-k", "~(x+1)", "-o", png}).Exit, 0);
+    const QImage image(png);
+    ASSERT_EQ(image.size(), QSize(289, 82));
+    for (int row = 0; row < 2; ++row) {
+        int ink = 0;
+        for (int y = row * 41; y < row * 41 + 41; ++y)
+            for (int x = 0; x < 289; ++x) ink += (image.pixel(x, y) & 0xFFFFFF) != 0xFFFFFFu;
+        EXPECT_GT(ink, 40) << row;
+    }
+    EXPECT_EQ(RunCli({"equation", "-k", "", "-o", png}).Exit, 1);
+}
+
 TEST(CliExport, AutoScalingReportsWhenNothingShows) {
     QTemporaryDir dir;
     const CliRun shown =
