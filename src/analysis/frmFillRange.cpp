@@ -16,6 +16,7 @@
 
 #include "analysis/EvalFX.h"
 #include "app/qt/SurfaceView.h"
+#include "app/qt/Icons.h"
 #include "app/qt/Twips.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
@@ -41,20 +42,6 @@ constexpr int PictureWideWidth = 4335;
 constexpr int SampleWidth = 690;
 constexpr int SampleHeight = 345;
 
-QIcon IconFor(const char* key) {
-    QSvgRenderer svg(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(key)));
-    QIcon icon;
-    if (!svg.isValid()) return icon;
-    for (int size : {16, 24, 32}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        svg.render(&painter);
-        painter.end();
-        icon.addPixmap(pixmap);
-    }
-    return icon;
-}
 
 // A Shape control: shows the picture of its fill style.
 class StyleSample : public QWidget {

@@ -27,6 +27,7 @@
 #include "analysis/frmFillRange.h"
 #include "app/qt/SplashPlaceholder.h"
 #include "app/qt/SurfaceView.h"
+#include "app/qt/Icons.h"
 #include "app/qt/Twips.h"
 #include "display/Papers.h"
 #include "entry/Entry.h"
@@ -57,20 +58,6 @@ constexpr int ClientHeight = 7200;
 constexpr int GraphBoxTwips = 6000;
 
 
-QIcon IconFor(const std::string& key) {
-    QSvgRenderer svg(QStringLiteral(":/icons/%1.svg").arg(QString::fromStdString(key)));
-    QIcon icon;
-    if (!svg.isValid()) return icon;
-    for (int size : {16, 24, 32, 48}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        svg.render(&painter);
-        painter.end();
-        icon.addPixmap(pixmap);
-    }
-    return icon;
-}
 
 // The window's background: a light, warm paper with a faint grain, made once.
 class BackgroundPanel : public QWidget {
