@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QSlider>
 
+#include "app/qt/FunctionPicker.h"
 #include "app/qt/SurfaceView.h"
 #include "app/qt/Twips.h"
 #include "render/Fonts.h"
@@ -40,17 +41,11 @@ frmEvalFX::frmEvalFX(Session& s, QWidget* parent) : QDialog(parent), s_(s) {
     setWindowTitle(QString::fromUtf8(EvalFXCaption));
     setFixedSize(Twips(0, 0, 4695, 4020).size());
 
-    picture1_ = new app::SurfaceView(this);
-    picture1_->move(Pixels(PictureLeft), Pixels(PictureTop));
-    picture1_->setFixedSize(Pixels(PictureWidth), Pixels(PictureHeight));
-
-    slider1_ = new QSlider(Qt::Horizontal, this);
-    slider1_->setGeometry(Twips(120, 240, 1215, 375));
-    slider1_->setMinimum(EvalFXForm::SliderMin);
-    slider1_->setMaximum(form_.SliderMax);
-    slider1_->setPageStep(1);
-    slider1_->setTickPosition(QSlider::TicksBelow);
-    slider1_->setToolTip(QString::fromUtf8(FunctionSliderTip));
+    const FunctionPicker picker =
+        MakeFunctionPicker(this, Twips(PictureLeft, PictureTop, PictureWidth, PictureHeight),
+                           EvalFXForm::SliderMin, form_.SliderMax);
+    picture1_ = picker.Picture;
+    slider1_ = picker.Slider;
     connect(slider1_, &QSlider::valueChanged, this, [this](int value) { Slider1_Change(value); });
 
     label1_ = new QLabel(QStringLiteral("x ="), this);

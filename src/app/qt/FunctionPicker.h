@@ -1,0 +1,21 @@
+#pragma once
+// The function picker that Evaluate f(x) and Calculate Area share: a typeset picture of one row's
+// function and the slider "Slide to select function." that chooses the row.
+
+#include <QSlider>
+#include <QWidget>
+
+#include "app/qt/SurfaceView.h"
+
+namespace vt {
+
+struct FunctionPicker {
+    app::SurfaceView* Picture = nullptr;
+    QSlider* Slider = nullptr;
+};
+
+// Builds both controls on `parent`: the picture at `picture` (in pixels), the slider at its
+// designed place, running from `minimum` to `maximum`.
+FunctionPicker MakeFunctionPicker(QWidget* parent, QRect picture, int minimum, int maximum);
+
+} // namespace vt
