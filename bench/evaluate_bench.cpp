@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -67,8 +68,27 @@ void CompiledText(benchmark::State& state) {
     Run(state, [](vt::Session& s, double x) { benchmark::DoNotOptimize(vt::CalculateY(s, x, 0)); });
 }
 
+// The same x, all at once through the batch that the painter's and the area's sweeps use.
+void CompiledBatch(benchmark::State& state) {
+    auto s = SessionWith(TypedFunctions[state.range(0)]);
+    const std::vector<double> xs = SpreadOfX();
+    std::vector<vt::YValue> values(xs.size());
+    for (auto _ : state) {
+        vt::CalculateYValues(*s, xs, 0, values);
+        benchmark::DoNotOptimize(values.data());
+        benchmark::ClobberMemory();
+    }
+    state.SetLabel(s->ScriptText(0));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(xs.size()));
+    // One iteration is the whole spread; this is the time of one value.
+    state.counters["per_value"] = benchmark::Counter(
+        static_cast<double>(xs.size()),
+        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
 } // namespace
 
+BENCHMARK(CompiledBatch)->DenseRange(0, 4);
 BENCHMARK(TextRoute)->DenseRange(0, 4);
 BENCHMARK(CompiledText)->DenseRange(0, 4);
 BENCHMARK(TextValue)->DenseRange(0, 4);

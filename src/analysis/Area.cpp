@@ -22,8 +22,7 @@ constexpr double AreaZoomOutLimit = 163840;
 // The height of one rectangle: the number in CalculateYArea's text, which is 0 for an empty
 // result and for a point without a value. CalculateYValue gives that number without making the
 // text (on the compiled route), bit for bit the same.
-double AreaHeight(Session& s, double x, int slot, EvalPath path) {
-    const YValue y = CalculateYValue(s, x, slot, path);
+double AreaHeight(const YValue& y) {
     return y.kind == YValue::Number ? y.value : 0.0;
 }
 
@@ -109,16 +108,17 @@ double AreaSum(Session& s, double a, double b, double dx, int slot, EvalPath pat
     double x = a;
     // A counted loop with its step's sign deciding the end test: a negative step runs only
     // while x is not below b, so with a < b it does not run at all.
+    ValueSweep heights(s, slot, dx, nullptr, path);
     if (dx >= 0) {
         for (; x <= b; x += dx)
-            area += AreaHeight(s, x, slot, path) * dx;
+            area += AreaHeight(heights.At(x)) * dx;
     } else {
         for (; x >= b; x += dx)
-            area += AreaHeight(s, x, slot, path) * dx;
+            area += AreaHeight(heights.At(x)) * dx;
     }
     // x stands past b now. Read through its 15-digit text it may fall on b or short of it when
     // the additions drifted; then b itself is sampled once more.
-    if (b >= RoundToNumberText(x)) area += AreaHeight(s, b, slot, path) * dx;
+    if (b >= RoundToNumberText(x)) area += AreaHeight(CalculateYValue(s, b, slot, path)) * dx;
     return area;
 }
 

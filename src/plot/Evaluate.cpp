@@ -1,6 +1,9 @@
 #include "plot/Evaluate.h"
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <string_view>
 
 #include "plot/Expression.h"
@@ -24,20 +27,46 @@ void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
     text = std::move(out);
 }
 
-// The compiled route, where it applies; false leaves the value to the text route.
-bool EvaluateCompiled(Session& s, double x, int slot, EvalResult& result) {
-    if (slot < 0 || slot >= UsableSlots || !std::isfinite(x)) return false;
+// Whether the slot runs on its compiled program. Normally PreCalcFX compiled it; a ScriptText
+// written since is compiled here.
+bool CompiledRoute(Session& s, int slot) {
+    if (slot < 0 || slot >= UsableSlots) return false;
     const std::string& script = s.ScriptText(slot);
     CompiledScript& compiled = s.CompiledScripts(slot);
-    // Normally PreCalcFX compiled it; a ScriptText written since is compiled here.
     if (!compiled.IsCompiledFrom(script)) compiled.Compile(script);
-    if (!compiled.Applies()) return false;
-    // The text of x reads back as 0 only for x = 0 and for x just below the largest Double,
-    // whose 15 digits overflow when the evaluator reads them: that one x goes through the text.
+    return compiled.Applies();
+}
+
+// The x that go through the text even where the slot is compiled: the text of x reads back as
+// 0 only for x = 0 and for x just below the largest Double, whose 15 digits overflow when the
+// evaluator reads them; and no text of an x that is no number reads back as it.
+bool XTakesText(double x, double xRead) {
+    return !std::isfinite(x) || (xRead == 0 && x != 0);
+}
+
+// The compiled route, where it applies; false leaves the value to the text route.
+bool EvaluateCompiled(Session& s, double x, int slot, EvalResult& result) {
+    if (!CompiledRoute(s, slot)) return false;
     const double xRead = RoundToNumberText(x);
-    if (xRead == 0 && x != 0) return false;
-    result = compiled.Evaluate(xRead);
+    if (XTakesText(x, xRead)) return false;
+    result = s.CompiledScripts(slot).Evaluate(xRead);
     return true;
+}
+
+// What the text of CalculateY reads back as, given the value of the result read through its text.
+YValue ValueOf(EvalResult::Kind kind, double valueRead) {
+    switch (kind) {
+    case EvalResult::Value:
+        return {YValue::Number, valueRead};
+    case EvalResult::Empty:
+        return {YValue::Number, 0};
+    default:
+        return {YValue::NotAvailable, 0};
+    }
+}
+
+YValue ValueOf(const EvalResult& r) {
+    return ValueOf(r.kind, RoundToNumberText(r.value));
 }
 
 // The value of a slot at x by the text route. A slot outside 0..4 fails like any evaluation:
@@ -118,15 +147,58 @@ YValue CalculateYValue(Session& s, double x, int slot, EvalPath path) {
         if (text == "NA") return {YValue::NotAvailable, 0};
         return {YValue::Number, PrefixNumber(text)};
     }
-    const EvalResult r = EvaluateAt(s, x, slot, path);
-    switch (r.kind) {
-    case EvalResult::Value:
-        return {YValue::Number, RoundToNumberText(r.value)};
-    case EvalResult::Empty:
-        return {YValue::Number, 0};
-    default:
-        return {YValue::NotAvailable, 0};
+    return ValueOf(EvaluateAt(s, x, slot, path));
+}
+
+void CalculateYValues(Session& s, std::span<const double> xs, int slot, std::span<YValue> out,
+                      EvalPath path) {
+    if (path != EvalPath::Auto || !CompiledRoute(s, slot)) {
+        for (std::size_t i = 0; i < xs.size(); ++i)
+            out[i] = CalculateYValue(s, xs[i], slot, path);
+        return;
     }
+    const CompiledScript& compiled = s.CompiledScripts(slot);
+    constexpr int Lanes = ExpressionProgram::Lanes;
+    for (std::size_t start = 0; start < xs.size(); start += Lanes) {
+        const int n = static_cast<int>(std::min<std::size_t>(Lanes, xs.size() - start));
+        const double* x = xs.data() + start;
+        double xRead[Lanes];
+        RoundToNumberTextMany(x, n, xRead);
+        EvalResult results[Lanes];
+        compiled.EvaluateMany(xRead, n, results);
+        double value[Lanes], valueRead[Lanes];
+        for (int i = 0; i < n; ++i)
+            value[i] = results[i].value;
+        RoundToNumberTextMany(value, n, valueRead);
+        for (int i = 0; i < n; ++i)
+            out[start + static_cast<std::size_t>(i)] =
+                XTakesText(x[i], xRead[i]) ? ValueOf(EvaluateByText(s, x[i], slot))
+                                           : ValueOf(results[i].kind, valueRead[i]);
+    }
+}
+
+ValueSweep::ValueSweep(Session& s, int slot, double step, SampleOf sample, EvalPath path)
+    : s_(s), slot_(slot), step_(step), sample_(sample), path_(path),
+      compiled_(path == EvalPath::Auto && CompiledRoute(s, slot)) {}
+
+YValue ValueSweep::At(double x) {
+    if (!compiled_) return CalculateYValue(s_, sample_ ? sample_(x) : x, slot_, path_);
+    // The loop's x is compared bit for bit: it is the sweep's own when both added the same.
+    if (next_ == count_ || std::bit_cast<std::uint64_t>(loopX_[next_]) != std::bit_cast<std::uint64_t>(x))
+        Fill(x);
+    return values_[next_++];
+}
+
+void ValueSweep::Fill(double x) {
+    double sampleX[Lanes];
+    for (int i = 0; i < Lanes; ++i) {
+        loopX_[i] = x;
+        sampleX[i] = sample_ ? sample_(x) : x;
+        x += step_;
+    }
+    CalculateYValues(s_, sampleX, slot_, values_, path_);
+    count_ = Lanes;
+    next_ = 0;
 }
 
 } // namespace vt

@@ -1,6 +1,9 @@
 #include "plot/Expression.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
+#include <memory>
 
 #include "session/NumberText.h"
 
@@ -474,6 +477,127 @@ template <class Stack> EvalResult ExpressionProgram::RunOn(Stack& stack, double 
     return {EvalResult::Value, stack[1]};
 }
 
+namespace {
+
+bool Finite(double r) {
+    return std::fabs(r) <= std::numeric_limits<double>::max(); // false for NaN too
+}
+
+// One lane of a binary step in a batch: ApplyBinary's arithmetic and failures, written without
+// branches for + - * / so that the compiler runs the lanes side by side. A lane that fails goes
+// on with harmless numbers (a division by zero divides by 1) and is marked.
+template <Code C> double Lane(double a, double b, bool& bad) {
+    if constexpr (C == Code::Add || C == Code::Sub || C == Code::Mul) {
+        const double r = C == Code::Add ? a + b : C == Code::Sub ? a - b : a * b;
+        bad = !Finite(r);
+        return r;
+    } else if constexpr (C == Code::Div) {
+        const bool zero = b == 0;
+        const double r = a / (zero ? 1.0 : b);
+        bad = zero || !Finite(r);
+        return r;
+    } else {
+        double r = 0;
+        bad = !ApplyBinary(C, a, b, r);
+        return r;
+    }
+}
+
+// A binary step over n lanes: t is the top row of the stack, below the row under it.
+template <Code C>
+void BinaryLanes(Operands operands, double c, double* below, double* t, int n,
+                 unsigned char* failed) {
+    bool bad = false;
+    switch (operands) {
+    case Operands::Stack:
+        for (int i = 0; i < n; ++i) {
+            below[i] = Lane<C>(below[i], t[i], bad);
+            failed[i] |= bad;
+        }
+        break;
+    case Operands::ConstantRight:
+        for (int i = 0; i < n; ++i) {
+            t[i] = Lane<C>(t[i], c, bad);
+            failed[i] |= bad;
+        }
+        break;
+    case Operands::ConstantLeft:
+        for (int i = 0; i < n; ++i) {
+            t[i] = Lane<C>(c, t[i], bad);
+            failed[i] |= bad;
+        }
+        break;
+    }
+}
+
+} // namespace
+
+void ExpressionProgram::RunManyOn(double (*stack)[Lanes], const double* x, int n,
+                                  EvalResult* out) const {
+    unsigned char failed[Lanes] = {};
+    int top = 0; // as in RunOn: the values from stack[1] on
+    for (const Step& step : steps_) {
+        double* t = stack[top];
+        double* below = top > 0 ? stack[top - 1] : nullptr;
+        switch (step.code) {
+        case Code::Const:
+            std::fill_n(stack[++top], n, step.constant);
+            break;
+        case Code::X:
+            std::copy_n(x, n, stack[++top]);
+            break;
+        case Code::Neg:
+            for (int i = 0; i < n; ++i)
+                t[i] = -t[i];
+            break;
+        case Code::Abs:
+            for (int i = 0; i < n; ++i)
+                t[i] = std::fabs(t[i]);
+            break;
+        case Code::Sin:
+        case Code::Cos:
+        case Code::Tan:
+            for (int i = 0; i < n; ++i)
+                failed[i] |= !ApplyUnary(step.code, t[i], t[i]);
+            break;
+        case Code::Add:
+            BinaryLanes<Code::Add>(step.operands, step.constant, below, t, n, failed);
+            break;
+        case Code::Sub:
+            BinaryLanes<Code::Sub>(step.operands, step.constant, below, t, n, failed);
+            break;
+        case Code::Mul:
+            BinaryLanes<Code::Mul>(step.operands, step.constant, below, t, n, failed);
+            break;
+        case Code::Div:
+            BinaryLanes<Code::Div>(step.operands, step.constant, below, t, n, failed);
+            break;
+        case Code::Pow:
+            BinaryLanes<Code::Pow>(step.operands, step.constant, below, t, n, failed);
+            break;
+        }
+        if (step.code >= Code::Add && step.operands == Operands::Stack) --top;
+    }
+    for (int i = 0; i < n; ++i)
+        out[i] = failed[i] ? EvalResult{EvalResult::Failure, 0}
+                           : EvalResult{EvalResult::Value, stack[1][i]};
+}
+
+void ExpressionProgram::RunMany(const double* x, int n, EvalResult* out) const {
+    if (kind_ != EvalResult::Value) {
+        std::fill_n(out, n, EvalResult{kind_, 0});
+        return;
+    }
+    constexpr int LocalDepth = 24;
+    if (depth_ < LocalDepth) {
+        double stack[LocalDepth][Lanes];
+        RunManyOn(stack, x, n, out);
+        return;
+    }
+    const auto stack = std::make_unique<double[][Lanes]>(static_cast<std::size_t>(depth_) + 1);
+    RunManyOn(stack.get(), x, n, out);
+}
+
 EvalResult ExpressionProgram::Run(double x) const {
     if (kind_ != EvalResult::Value) return {kind_, 0};
     constexpr int LocalDepth = 24;
@@ -486,6 +610,34 @@ EvalResult ExpressionProgram::Run(double x) const {
 EvalResult ExpressionProgram::RunDeep(double x) const {
     std::vector<double> stack(static_cast<std::size_t>(depth_) + 1);
     return RunOn(stack, x);
+}
+
+void CompiledScript::EvaluateMany(const double* xRead, int n, EvalResult* out) const {
+    // Each program takes its own lanes: gathered, run, and put back in their places.
+    constexpr int Lanes = ExpressionProgram::Lanes;
+    double plainX[Lanes], negatedX[Lanes];
+    int plainAt[Lanes], negatedAt[Lanes];
+    int plainCount = 0, negatedCount = 0;
+    for (int i = 0; i < n; ++i) {
+        if (xRead[i] < 0) {
+            negatedX[negatedCount] = -xRead[i];
+            negatedAt[negatedCount++] = i;
+        } else {
+            plainX[plainCount] = xRead[i];
+            plainAt[plainCount++] = i;
+        }
+    }
+    if (negatedCount == 0) { // a batch of one sign runs in place
+        plain_.RunMany(xRead, n, out);
+        return;
+    }
+    EvalResult results[Lanes];
+    plain_.RunMany(plainX, plainCount, results);
+    for (int k = 0; k < plainCount; ++k)
+        out[plainAt[k]] = results[k];
+    negated_.RunMany(negatedX, negatedCount, results);
+    for (int k = 0; k < negatedCount; ++k)
+        out[negatedAt[k]] = results[k];
 }
 
 void CompiledScript::Compile(std::string_view text) {

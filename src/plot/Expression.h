@@ -55,6 +55,12 @@ class ExpressionProgram {
     // x is what stands for each "x": the value itself, or its magnitude for NegatedValue.
     EvalResult Run(double x) const;
 
+    // Run for up to Lanes values of x at once, out[i] for x[i] with the same bits as Run gives.
+    // Each step works through all the values before the next step, so that a sweep of x pays
+    // for the stepping once per batch and the simple operators run side by side.
+    static constexpr int Lanes = 64;
+    void RunMany(const double* x, int n, EvalResult* out) const;
+
     // Operators from Add on take two operands: both from the stack, or one of them a constant
     // folded into the step.
     enum class Code : std::uint8_t { Const, X, Neg, Abs, Sin, Cos, Tan, Add, Sub, Mul, Div, Pow };
@@ -68,6 +74,7 @@ class ExpressionProgram {
   private:
     EvalResult RunDeep(double x) const;
     template <class Stack> EvalResult RunOn(Stack& stack, double x) const;
+    void RunManyOn(double (*stack)[Lanes], const double* x, int n, EvalResult* out) const;
 
     EvalResult::Kind kind_ = EvalResult::Failure; // Value: run the steps; otherwise the outcome
     std::vector<Step> steps_;
@@ -86,6 +93,8 @@ class CompiledScript {
     EvalResult Evaluate(double xRead) const {
         return xRead < 0 ? negated_.Run(-xRead) : plain_.Run(xRead);
     }
+    // Evaluate for up to ExpressionProgram::Lanes values at once.
+    void EvaluateMany(const double* xRead, int n, EvalResult* out) const;
 
   private:
     std::string source_;

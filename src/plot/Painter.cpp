@@ -161,17 +161,18 @@ class Painter {
 
         if (step > 0 && std::isfinite(step)) {
             const double last = shadeRight_ - step;
+            ValueSweep values(s_, s_.ActiveSlot, step);
             for (double x = shadeLeft_ + step; x <= last; x += step)
-                ShadeAt(x);
+                ShadeAt(x, values);
         }
 
         box_.ForeColor = White;
         BandFrame();
     }
 
-    void ShadeAt(double x) {
+    void ShadeAt(double x, ValueSweep& values) {
         // The lenient reading: "NA" counts as 0, and so adds no fill.
-        const double value = ShadeValue(x);
+        const double value = ShadeValue(x, values);
         const bool clear = t_.If([&]() -> std::optional<bool> {
             const std::optional<double> ratio = Divide(value, box_.ScaleHeight);
             if (!ratio) return std::nullopt;
@@ -199,7 +200,7 @@ class Painter {
         return true;
     }
 
-    double ShadeValue(double x) {
+    double ShadeValue(double x, ValueSweep& values) {
         if (s_.PaintTextValues) {
             std::string text = CalculateY(s_, x, s_.ActiveSlot, EvalPath::Text);
             const auto blank = [](char c) { return c == ' '; };
@@ -208,8 +209,7 @@ class Painter {
             const auto start = std::find_if_not(text.begin(), text.end(), blank);
             return PrefixNumber(std::string(start, text.end()));
         }
-        const YValue v = CalculateYValue(s_, x, s_.ActiveSlot);
-        return v.kind == YValue::Number ? v.value : 0;
+        return PaintValue(values.At(x)).value_or(0);
     }
 
     void GridAndAxes() {

@@ -46,21 +46,25 @@ class SlotTracer {
         int goodSamples = 0;
         // The samples are reached by repeated addition, so the last one is there only as far as
         // the additions reach it.
+        ValueSweep samples(s_, s_.PlotSlot, step, SampleAt);
         for (double x = first; x <= last; x += step) {
-            if (!Sample(x, step, goodSamples)) break;
+            if (!Sample(x, step, samples, goodSamples)) break;
         }
     }
 
   private:
+    static double SampleAt(double x) { return RoundHalfEven(x, 2); }
+
     std::optional<double> Value(double x) { return PaintValue(s_, x, s_.PlotSlot); }
 
     // One sample; false ends the slot's loop.
-    bool Sample(double x, double step, int& goodSamples) {
-        const double sampleX = RoundHalfEven(x, 2);
+    bool Sample(double x, double step, ValueSweep& samples, int& goodSamples) {
+        const double sampleX = SampleAt(x);
 
         // The value; "NA" fails, and SampleY keeps its last value.
         t_.Run([&] {
-            const std::optional<double> v = Value(sampleX);
+            const std::optional<double> v =
+                s_.PaintTextValues ? Value(sampleX) : PaintValue(samples.At(x));
             if (!v) return false;
             run_.SampleY = *v;
             return true;
@@ -256,15 +260,18 @@ bool LineStatement(Surface& box, double x1, double y1, double x2, double y2, boo
     return true;
 }
 
+std::optional<double> PaintValue(const YValue& v) {
+    if (v.kind != YValue::Number) return std::nullopt;
+    return v.value;
+}
+
 std::optional<double> PaintValue(Session& s, double x, int slot) {
     if (s.PaintTextValues) {
         const std::string text = CalculateY(s, x, slot, EvalPath::Text);
         if (!IsNumericText(text)) return std::nullopt;
         return PrefixNumber(text);
     }
-    const YValue v = CalculateYValue(s, x, slot);
-    if (v.kind != YValue::Number) return std::nullopt;
-    return v.value;
+    return PaintValue(CalculateYValue(s, x, slot));
 }
 
 void RecordBreak(Session& s, PaintTrap& trap, double x) {

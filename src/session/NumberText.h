@@ -2,12 +2,16 @@
 // Number text: the one place where numbers become text and text becomes numbers.
 // Everything here is independent of the locale: "." is the only decimal mark, in and out.
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace vt {
 
@@ -70,34 +74,68 @@ inline constexpr double DecadeBound[24] = {1e-9, 1e-8, 1e-7, 1e-6, 1e-5, 1e-4, 1
                                            1e-1, 1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
                                            1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14};
 
+// Where the 15 digits of a magnitude with a given binary exponent lie. floor(e2 * log10(2)) from
+// the binary exponent e2 is the decimal exponent e or one less; a magnitude at or above bound is
+// in the upper of the two decades. The scale brings the 15 digits before the point:
+// 10^(14 - e). Binary exponents whose decimal exponent may fall outside -8 to 14 have no entry
+// (the last one, which no magnitude passes), and go the slow way.
+struct Decade {
+    double bound;
+    double lowerScale; // 10^(14 - e) for the lower decade
+    double upperScale; // for the upper one
+};
+// The scale of a missing entry leaves p far below 10^14, and is no zero to divide by.
+inline constexpr double NoScale = 1e-300;
+inline constexpr double InfiniteBound = std::numeric_limits<double>::infinity();
+inline constexpr int FirstDecadeExponent = -30; // binary exponent of entry 0
+inline constexpr int DecadeEntries = 80;
+constexpr Decade MakeDecade(int e2) {
+    const int e = (e2 * 78913) >> 18;
+    if (e < -8 || e > 13) return {InfiniteBound, NoScale, NoScale};
+    return {DecadeBound[e + 10], ExactPow10[14 - e], ExactPow10[13 - e]};
+}
+template <std::size_t... I>
+constexpr std::array<Decade, sizeof...(I) + 1> MakeDecades(std::index_sequence<I...>) {
+    return {MakeDecade(FirstDecadeExponent + static_cast<int>(I))...,
+            Decade{InfiniteBound, NoScale, NoScale}};
+}
+inline constexpr std::array<Decade, DecadeEntries + 1> Decades =
+    MakeDecades(std::make_index_sequence<DecadeEntries>());
+
 } // namespace number_text_detail
 
 // RoundToNumberText for what the quick arithmetic below leaves: zero, ties, exact powers of
 // ten, magnitudes from 10^15 and below 10^-8, and the values that are no number.
 double RoundToNumberTextSlowly(double value);
 
-inline double RoundToNumberText(double value) {
+// The quick arithmetic of RoundToNumberText, without branches so that a batch of values runs
+// side by side: false where it cannot tell, and the slow route must.
+inline bool RoundToNumberTextQuickly(double value, double& rounded) {
     using namespace number_text_detail;
-    // The decimal exponent e of |value|: 10^e <= |value| < 10^(e+1). floor(e2 * log10(2)) from
-    // the binary exponent e2 is e or one less, and one comparison settles it but for a value
-    // right at an inexact power of ten, which the slow route sorts out.
     const double a = std::fabs(value);
-    const int e2 = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52) - 1023;
-    int e = (e2 * 78913) >> 18;
-    if (e < -8 || e > 13) return RoundToNumberTextSlowly(value);
-    if (a >= DecadeBound[e + 10]) ++e;
+    const unsigned biased = static_cast<unsigned>(std::bit_cast<std::uint64_t>(a) >> 52);
+    const unsigned entry = std::min(biased - static_cast<unsigned>(1023 + FirstDecadeExponent),
+                                    static_cast<unsigned>(DecadeEntries));
+    const Decade& decade = Decades[entry];
     // S = |value| * 10^(14 - e) rounds to p strictly between 10^14 and 10^15, so S lies between
     // them too; p is no tie, so p rounded to a whole number is S rounded half to even (what p
     // left out is below half an ulp of p). n has 15 digits and the power is exact, so the one
-    // division rounds correctly, exactly as reading the digits back does.
-    const double scale = ExactPow10[14 - e];
+    // division rounds correctly, exactly as reading the digits back does. Zero, a value without
+    // an entry and a value at an inexact bound give a p outside those limits.
+    const double scale = a >= decade.bound ? decade.upperScale : decade.lowerScale;
     const double p = a * scale;
-    if (!(p > 1e14 && p < 1e15)) return RoundToNumberTextSlowly(value);
     const double n = (p + TwoTo52) - TwoTo52;
-    const double frac = p - n;
-    if (frac == 0.5 || frac == -0.5) return RoundToNumberTextSlowly(value);
-    const double r = n / scale;
-    return value < 0 ? -r : r;
+    const double frac = std::fabs(p - n);
+    rounded = std::copysign(n / scale, value);
+    return (p > 1e14) & (p < 1e15) & (frac != 0.5);
 }
+
+inline double RoundToNumberText(double value) {
+    double rounded;
+    return RoundToNumberTextQuickly(value, rounded) ? rounded : RoundToNumberTextSlowly(value);
+}
+
+// RoundToNumberText of n values: out[i] for in[i].
+void RoundToNumberTextMany(const double* in, int n, double* out);
 
 } // namespace vt

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
@@ -228,20 +229,55 @@ struct Tally {
     long functions = 0;
 };
 
-// All four results at x through both routes.
-void Compare(Session& s, double x, Tally& tally) {
-    const std::string where = "\"" + s.ScriptText(0) + "\" at " + NumberText(x);
-    ASSERT_EQ(CalculateYEval(s, x, 0, EvalPath::Auto), CalculateYEval(s, x, 0, EvalPath::Text))
-        << where;
-    ASSERT_EQ(CalculateY(s, x, 0, EvalPath::Auto), CalculateY(s, x, 0, EvalPath::Text)) << where;
-    ASSERT_EQ(CalculateYArea(s, x, 0, EvalPath::Auto), CalculateYArea(s, x, 0, EvalPath::Text))
-        << where;
-    const YValue fast = CalculateYValue(s, x, 0, EvalPath::Auto);
-    const YValue text = CalculateYValue(s, x, 0, EvalPath::Text);
+void ExpectSameValue(const YValue& fast, const YValue& text, const std::string& where) {
     ASSERT_EQ(fast.kind, text.kind) << where;
     ASSERT_EQ(Bits(fast.value), Bits(text.value)) << where;
-    ++tally.cases;
-    if (fast.kind == YValue::Number) ++tally.numbers;
+}
+
+// All four results at each x through both routes, and the values of the batch at once.
+void Compare(Session& s, const std::vector<double>& xs, Tally& tally) {
+    std::vector<YValue> batch(xs.size());
+    CalculateYValues(s, xs, 0, batch);
+    for (std::size_t i = 0; i < xs.size(); ++i) {
+        const double x = xs[i];
+        const std::string where = "\"" + s.ScriptText(0) + "\" at " + NumberText(x);
+        ASSERT_EQ(CalculateYEval(s, x, 0, EvalPath::Auto), CalculateYEval(s, x, 0, EvalPath::Text))
+            << where;
+        ASSERT_EQ(CalculateY(s, x, 0, EvalPath::Auto), CalculateY(s, x, 0, EvalPath::Text))
+            << where;
+        ASSERT_EQ(CalculateYArea(s, x, 0, EvalPath::Auto),
+                  CalculateYArea(s, x, 0, EvalPath::Text))
+            << where;
+        const YValue text = CalculateYValue(s, x, 0, EvalPath::Text);
+        ExpectSameValue(CalculateYValue(s, x, 0, EvalPath::Auto), text, where);
+        ExpectSameValue(batch[i], text, where + " in a batch");
+        ++tally.cases;
+        if (text.kind == YValue::Number) ++tally.numbers;
+    }
+}
+
+// A sweep as the painter walks it, past the end of one batch and with a jump back that starts
+// a new one, against the text route.
+void CompareSweep(Session& s, std::mt19937_64& rng) {
+    const double first = RoundHalfEven(RandomX(rng), 2);
+    const double step = Pick(rng, 2) ? 0.1 : std::ldexp(1.0, Pick(rng, 8) - 6);
+    ValueSweep sweep(s, 0, step, [](double x) { return RoundHalfEven(x, 2); });
+    double x = first;
+    for (int i = 0; i < 80; ++i, x += step) {
+        if (i == 70) x = first;
+        const double sampleX = RoundHalfEven(x, 2);
+        ExpectSameValue(sweep.At(x), CalculateYValue(s, sampleX, 0, EvalPath::Text),
+                        "\"" + s.ScriptText(0) + "\" swept at " + NumberText(sampleX));
+        if (::testing::Test::HasFatalFailure()) return;
+    }
+}
+
+void CompareAt(Session& s, std::mt19937_64& rng, int function, Tally& tally) {
+    std::vector<double> xs(8);
+    for (double& x : xs)
+        x = RandomX(rng);
+    Compare(s, xs, tally);
+    if (function % 16 == 0 && !::testing::Test::HasFatalFailure()) CompareSweep(s, rng);
 }
 
 void CountFunction(Session& s, Tally& tally) {
@@ -264,10 +300,8 @@ TEST(EvaluateDifferential, BuilderShapedTextsAgreeByBothRoutes) {
             s.GraphableCells(static_cast<int>(i), 0).assign(1, text[i]);
         PreCalcFX(s);
         CountFunction(s, tally);
-        for (int k = 0; k < 8; ++k) {
-            Compare(s, RandomX(rng), tally);
-            if (HasFatalFailure()) return;
-        }
+        CompareAt(s, rng, f, tally);
+        if (HasFatalFailure()) return;
     }
     EXPECT_GE(tally.cases, 96000);
     // Not a vacuous agreement: most functions run compiled, and most values exist.
@@ -286,10 +320,8 @@ TEST(EvaluateDifferential, TypedFunctionsAgreeByBothRoutes) {
         ReplaySlotKeys(s, 0, maker.Make());
         PreCalcFX(s);
         CountFunction(s, tally);
-        for (int k = 0; k < 8; ++k) {
-            Compare(s, RandomX(rng), tally);
-            if (HasFatalFailure()) return;
-        }
+        CompareAt(s, rng, f, tally);
+        if (HasFatalFailure()) return;
     }
     EXPECT_GT(tally.compiledFunctions * 10, tally.functions * 7);
     EXPECT_GT(tally.numbers * 10, tally.cases * 3);
