@@ -3,35 +3,27 @@
 #include <QString>
 
 #include "app/qt/QtPlatform.h"
+#include "app/qt/SplashPlaceholder.h"
 #include "app/qt/SurfaceView.h"
+#include "support/QtApp.h"
 
 namespace vt::app {
 
 TEST(QtPlatform, FilterPairsBecomeQtFilters) {
-    struct Case {
-        const char* pairs;
-        const char* qt;
-    };
-    const Case cases[] = {
+    // A caption without its pattern counts for nothing.
+    const std::pair<const char*, const char*> cases[] = {
         {"Veritrace files (.vtx)|*.vtx", "Veritrace files (.vtx) (*.vtx)"},
-        {"Bitmap (*.bmp)|*.bmp", "Bitmap (*.bmp)"},
         {"Pictures|*.bmp;*.dib|All Files (*.*)|*.*", "Pictures (*.bmp *.dib);;All Files (*.*)"},
+        {"Bitmap (*.bmp)|*.bmp", "Bitmap (*.bmp)"},
         {"", ""},
-        // A caption without its pattern counts for nothing.
-        {"Lonely", ""},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(QtFilterFromPairs(c.pairs), QString::fromUtf8(c.qt)) << c.pairs;
+        {"Lonely", ""}};
+    for (const auto& [pairs, qt] : cases)
+        EXPECT_EQ(QtFilterFromPairs(pairs), QString::fromUtf8(qt)) << pairs;
 }
 
 TEST(SurfaceView, KeysBecomeTheProgramsKeyCodes) {
-    struct Case {
-        int qtKey;
-        const char* text;
-        int keyCode;
-        int keyAscii;
-    };
-    const Case cases[] = {
+    // {Qt key, its text, KeyCode, KeyAscii}
+    const std::tuple<int, const char*, int, int> cases[] = {
         {Qt::Key_PageUp, "", 33, 0},    {Qt::Key_PageDown, "", 34, 0},
         {Qt::Key_End, "", 35, 0},       {Qt::Key_Home, "", 36, 0},
         {Qt::Key_Left, "", 37, 0},      {Qt::Key_Up, "", 38, 0},
@@ -39,22 +31,14 @@ TEST(SurfaceView, KeysBecomeTheProgramsKeyCodes) {
         {Qt::Key_F1, "", 112, 0},       {Qt::Key_Backspace, "\b", 8, 8},
         {Qt::Key_Return, "\r", 13, 13}, {Qt::Key_Enter, "\r", 13, 13},
         {Qt::Key_X, "x", 88, 'x'},      {Qt::Key_AsciiCircum, "^", 0, '^'},
-        {Qt::Key_Bar, "|", 0, '|'},     {Qt::Key_7, "7", 55, '7'},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(ClassicKeyCode(c.qtKey), c.keyCode) << c.qtKey;
-        EXPECT_EQ(KeyAsciiOf(c.qtKey, QString::fromLatin1(c.text)), c.keyAscii) << c.qtKey;
+        {Qt::Key_Bar, "|", 0, '|'},     {Qt::Key_7, "7", 55, '7'}};
+    for (const auto& [qtKey, text, keyCode, keyAscii] : cases) {
+        EXPECT_EQ(ClassicKeyCode(qtKey), keyCode) << qtKey;
+        EXPECT_EQ(KeyAsciiOf(qtKey, QString::fromLatin1(text)), keyAscii) << qtKey;
     }
     EXPECT_EQ(ClassicShift(Qt::ShiftModifier | Qt::AltModifier), 5);
     EXPECT_EQ(ClassicButton(Qt::RightButton), 2);
 }
-
-} // namespace vt::app
-
-#include "app/qt/SplashPlaceholder.h"
-#include "support/QtApp.h"
-
-namespace vt::app {
 
 TEST(SplashPlaceholder, ClosesItselfAfterItsTime) {
     test::QtApp();

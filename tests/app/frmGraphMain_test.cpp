@@ -11,8 +11,6 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "app/qt/SurfaceView.h"
 #include "entry/Entry.h"
@@ -25,6 +23,8 @@
 namespace vt {
 
 namespace {
+
+using Texts = std::vector<std::string>;
 
 // A started window, without the splash, with its graph data folder in a temporary folder.
 struct Started {
@@ -45,130 +45,124 @@ struct Started {
         for (int i = 0; i < 50 && !window->isActiveWindow(); ++i)
             QApplication::processEvents(QEventLoop::AllEvents, 10);
     }
-    ~Started() { window.reset(); }
-
-    // Keys into a row as the keyboard delivers them.
+    // Keys into a row as the keyboard delivers them: characters, or a key without text.
     void Type(int row, const std::string& keys) {
-        for (char c : keys) {
-            const QString text(QChar::fromLatin1(c));
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, text);
-            QApplication::sendEvent(window->Paper(row), &press);
-        }
+        for (char c : keys)
+            Key(row, 0, QString(QChar::fromLatin1(c)));
     }
-    void Key(QWidget* target, int qtKey) {
-        QKeyEvent press(QEvent::KeyPress, qtKey, Qt::NoModifier);
-        QApplication::sendEvent(target, &press);
+    void Key(int row, int qtKey, const QString& text = {}) {
+        QKeyEvent press(QEvent::KeyPress, qtKey, Qt::NoModifier, text);
+        QApplication::sendEvent(window->Paper(row), &press);
     }
+    Colour Pixel(app::SurfaceView* view, int x = 1, int y = 1) const {
+        return render::ColourFromQRgb(view->ShownSurface()->QtImage().pixel(x, y));
+    }
+    bool Enabled(const char* item) const { return window->MenuItem(item)->isEnabled(); }
 };
 
-QRgb RowPixel(frmGraphMain& w, int row) {
-    return w.Paper(row)->ShownSurface()->QtImage().pixel(1, 1) & 0xFFFFFF;
+QStringList Captions(const QList<QAction*>& actions) {
+    QStringList out;
+    for (QAction* action : actions)
+        out << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return out;
 }
 
 } // namespace
 
 TEST(MainWindow, StartsAtTheDesignedGeometry) {
     Started w;
-    EXPECT_EQ(w.window->windowTitle(), QStringLiteral("Orlentis - Veritrace"));
-    EXPECT_EQ(w.window->ClientArea()->size(), QSize(760, 480));
-    EXPECT_EQ(w.window->frmGraph()->geometry(), QRect(352, 65, 400, 400));
+    frmGraphMain& m = *w.window;
+    EXPECT_EQ(m.windowTitle(), QStringLiteral("Orlentis - Veritrace"));
+    EXPECT_EQ(m.ClientArea()->size(), QSize(760, 480));
+    EXPECT_EQ(m.frmGraph()->geometry(), QRect(352, 65, 400, 400));
     EXPECT_EQ(w.s->frmGraph->PixelWidth(), 400);
     for (int i = 0; i < 5; ++i) {
-        EXPECT_EQ(w.window->Paper(i)->geometry(), QRect(56, 64 + 56 * i, 289, 41)) << i;
-        EXPECT_EQ(w.window->Paper(i)->isVisible(), i == 0) << i;
-        EXPECT_EQ(w.window->Label1(i)->text(), QStringLiteral("f(x)=")) << i;
-        EXPECT_EQ(w.window->Picture1(i)->ShownColour(), w.s->Picture1(i)) << i;
+        EXPECT_EQ(m.Paper(i)->geometry(), QRect(56, 64 + 56 * i, 289, 41)) << i;
+        EXPECT_EQ(m.Paper(i)->isVisible(), i == 0) << i;
+        EXPECT_EQ(m.Label1(i)->text(), QStringLiteral("f(x)=")) << i;
+        EXPECT_EQ(m.Picture1(i)->ShownColour(), w.s->Picture1(i)) << i;
     }
-    EXPECT_EQ(w.window->Blinker()->geometry(), QRect(312, 113, 33, 33));
-    EXPECT_EQ(w.window->Blinker()->toolTip(), QStringLiteral("Insert new function."));
-    EXPECT_EQ(w.window->Label2()->text(), QStringLiteral("x = 0    y = 0"));
-    EXPECT_EQ(w.window->Command2()->toolTip(), QStringLiteral("Click to zoom in graph."));
-    EXPECT_EQ(w.window->Command6()->toolTip(), QStringLiteral("Click to zoom out graph."));
+    EXPECT_EQ(m.Blinker()->geometry(), QRect(312, 113, 33, 33));
+    EXPECT_EQ(
+        QStringList({m.Blinker()->toolTip(), m.Command2()->toolTip(), m.Command6()->toolTip()}),
+        QStringList(
+            {"Insert new function.", "Click to zoom in graph.", "Click to zoom out graph."}));
+    EXPECT_EQ(m.Label2()->text(), QStringLiteral("x = 0    y = 0"));
     // The first paint ran: the axes cross in the middle of the box.
-    EXPECT_EQ(w.window->frmGraph()->ShownSurface()->QtImage().pixel(200, 100) & 0xFFFFFF, 0u);
+    EXPECT_EQ(w.Pixel(m.frmGraph(), 200, 100), 0u);
     EXPECT_TRUE(QDir(w.programDir.filePath(QStringLiteral("Saved Problems"))).exists());
     EXPECT_EQ(w.s->ActiveSlot, 0);
-    EXPECT_TRUE(w.window->Paper(0)->hasFocus());
+    EXPECT_TRUE(m.Paper(0)->hasFocus());
 }
 
 TEST(MainWindow, MenuTreeHasTheCaptionsShortcutsAndOrder) {
     Started w;
-    struct Case {
-        const char* name;
-        const char* caption;
-        const char* shortcut;
-    };
-    const Case cases[] = {
-        {"mnuGraphPrint", "&Print Graph", "Ctrl+P"},
-        {"mnuGraphExit", "&Exit", "Ctrl+X"},
-        {"mnuGraphIt", "&Graph!", "F3"},
-        {"mnuClearData", "Clear &Data", "Ctrl+C"},
-        {"mnuInsertAbs", "Insert Absolute &Value (|)", ""},
-        {"mnuCos", "Insert &Cosine", "Ctrl+F2"},
+    // {item, caption, shortcut}
+    // clang-format off
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"mnuGraphPrint", "&Print Graph", "Ctrl+P"}, {"mnuGraphExit", "&Exit", "Ctrl+X"},
+        {"mnuGraphIt", "&Graph!", "F3"}, {"mnuClearData", "Clear &Data", "Ctrl+C"},
+        {"mnuInsertAbs", "Insert Absolute &Value (|)", ""}, {"mnuCos", "Insert &Cosine", "Ctrl+F2"},
         {"mnuPtSeries", "Regression Anal&ysis", "F7"},
         {"mnuGraphQuadrant", "Toggle &Quadrants", "F9"},
-        {"mnuGraphDefault", "&Default Colors", "Ctrl+D"},
-        {"mnuGraphZoomOut", "Zoom &Out", ""},
-        {"mnuOnlineSupport", "Online Support", ""},
-        {"mnuNearTen", "Round To Nearest Tenth", ""},
-    };
-    for (const Case& c : cases) {
-        QAction* item = w.window->MenuItem(c.name);
-        ASSERT_NE(item, nullptr) << c.name;
-        EXPECT_EQ(item->text(), QString::fromUtf8(c.caption)) << c.name;
-        EXPECT_EQ(item->shortcut().toString(), QString::fromUtf8(c.shortcut)) << c.name;
+        {"mnuGraphDefault", "&Default Colors", "Ctrl+D"}, {"mnuGraphZoomOut", "Zoom &Out", ""},
+        {"mnuOnlineSupport", "Online Support", ""}, {"mnuNearTen", "Round To Nearest Tenth", ""}};
+    // clang-format on
+    for (const auto& [name, caption, shortcut] : cases) {
+        QAction* item = w.window->MenuItem(name);
+        ASSERT_NE(item, nullptr) << name;
+        EXPECT_EQ(item->text(), QString::fromUtf8(caption)) << name;
+        EXPECT_EQ(item->shortcut().toString(), QString::fromUtf8(shortcut)) << name;
     }
-    QStringList bar;
-    for (QAction* title : w.window->menuBar()->actions())
-        bar << title->text();
-    EXPECT_EQ(bar,
+    EXPECT_EQ(Captions(w.window->menuBar()->actions()),
               (QStringList{"&File", "F&unctions", "Graph &Options", "Graph &Window", "&Help"}));
     // The trig items in their submenu, and the separators where the tree has them.
-    QStringList trig;
-    for (QAction* item : w.window->MenuOf("mnuTrig")->actions())
-        trig << item->text();
-    EXPECT_EQ(trig, (QStringList{"Insert &Sine", "Insert &Cosine", "Insert &Tangent"}));
-    std::vector<bool> fileSeparators;
-    for (QAction* item : w.window->MenuOf("mnuGraphFile")->actions())
-        fileSeparators.push_back(item->isSeparator());
-    EXPECT_EQ(fileSeparators,
-              (std::vector<bool>{false, false, true, false, false, true, false, true, false}));
+    EXPECT_EQ(Captions(w.window->MenuOf("mnuTrig")->actions()),
+              (QStringList{"Insert &Sine", "Insert &Cosine", "Insert &Tangent"}));
+    std::string separators;
+    for (const QString& caption : Captions(w.window->MenuOf("mnuGraphFile")->actions()))
+        separators += caption == "-" ? '-' : 'i';
+    EXPECT_EQ(separators, "ii-ii-i-i");
     EXPECT_TRUE(w.window->MenuItem("mnuNearWhole")->isChecked());
     EXPECT_FALSE(w.window->MenuItem("mnuHideGrid")->isChecked());
 }
 
-TEST(MainWindow, ClearDataAnsweredYesOrNo) {
-    for (int answer : {MsgResultNo, MsgResultYes}) {
-        Started w;
-        w.Type(0, "2x");
-        w.window->Blinker()->click();
-        w.Type(1, "x");
-        ASSERT_TRUE(w.window->Paper(1)->isVisible());
-        w.platform.MsgBoxAnswers.push_back(answer);
-        w.window->MenuItem("mnuClearData")->trigger();
-
-        const bool erased = answer == MsgResultYes;
-        SCOPED_TRACE(erased ? "Yes" : "No");
-        EXPECT_EQ(w.platform.Messages(), std::vector<std::string>{ClearDataQuestion});
-        EXPECT_EQ(EntryText(*w.s, 0), erased ? "" : "2x");
-        EXPECT_EQ(w.window->Paper(1)->isVisible(), !erased);
-        EXPECT_EQ(w.window->Label1(1)->isVisible(), !erased);
-        EXPECT_EQ(w.window->Blinker()->geometry().top(), erased ? 113 : 113 + 56);
-        EXPECT_EQ(w.window->ToolbarButton(1)->isEnabled(), !erased);
-        EXPECT_EQ(w.window->MenuItem("mnuGraphIt")->isEnabled(), !erased);
-        EXPECT_EQ(w.window->Paper(erased ? 0 : 1)->hasFocus(), true);
-    }
+TEST(MainWindow, ClearDataAnsweredYesEmptiesTheRowsAndTheirWidgets) {
+    Started w;
+    w.Type(0, "2x");
+    w.window->Blinker()->click();
+    w.Type(1, "x");
+    ASSERT_TRUE(w.window->Paper(1)->isVisible());
+    ASSERT_TRUE(w.window->ToolbarButton(1)->isEnabled());
+    w.platform.MsgBoxAnswers.push_back(MsgResultYes);
+    w.window->MenuItem("mnuClearData")->trigger();
+    EXPECT_EQ(w.platform.Messages(), Texts{ClearDataQuestion});
+    EXPECT_FALSE(w.window->Paper(1)->isVisible());
+    EXPECT_FALSE(w.window->Label1(1)->isVisible());
+    EXPECT_EQ(w.window->Blinker()->geometry().top(), 113);
+    EXPECT_FALSE(w.window->ToolbarButton(1)->isEnabled());
+    EXPECT_FALSE(w.Enabled("mnuGraphIt"));
+    EXPECT_TRUE(w.window->Paper(0)->hasFocus());
 }
 
-TEST(MainWindow, DropDownEntryChangesTheButtonAndTheClickInserts) {
+TEST(MainWindow, TypingOpensAndClosesTheGraphCommandsAndTheDropDownSetsTheTrigButton) {
+    for (const auto& [keys, open] :
+         {std::pair("1/x", true), {"|x", false}, {"x+", false}, {"", false}}) {
+        SCOPED_TRACE(keys);
+        Started w;
+        w.Type(0, keys);
+        for (int button : {1, 12, 13})
+            EXPECT_EQ(w.window->ToolbarButton(button)->isEnabled(), open) << button;
+        for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
+            EXPECT_EQ(w.Enabled(item), open) << item;
+    }
     Started w;
     QToolButton* trig = w.window->ToolbarButton(10);
     ASSERT_NE(trig->menu(), nullptr);
-    QAction* cosine = nullptr;
-    for (QAction* entry : trig->menu()->actions())
-        if (entry->text() == QStringLiteral("Insert Cosine")) cosine = entry;
-    ASSERT_NE(cosine, nullptr);
-    cosine->trigger();
+    const QList<QAction*> entries = trig->menu()->actions();
+    const auto cosine = Captions(entries).indexOf(QStringLiteral("Insert Cosine"));
+    ASSERT_GE(cosine, 0);
+    entries[cosine]->trigger();
     EXPECT_EQ(w.s->TokenCount(0), 0);
     EXPECT_EQ(trig->toolTip(), QStringLiteral("Insert Cosine"));
     trig->click();
@@ -176,74 +170,50 @@ TEST(MainWindow, DropDownEntryChangesTheButtonAndTheClickInserts) {
     EXPECT_TRUE(w.platform.Calls.empty());
 }
 
-TEST(MainWindow, TypingOpensAndClosesTheGraphCommands) {
-    struct Case {
-        const char* keys;
-        bool open;
-    };
-    const Case cases[] = {{"1/x", true}, {"|x", false}, {"x+", false}, {"", false}};
-    for (const Case& c : cases) {
-        Started w;
-        w.Type(0, c.keys);
-        SCOPED_TRACE(c.keys);
-        EXPECT_EQ(w.window->ToolbarButton(1)->isEnabled(), c.open);
-        EXPECT_EQ(w.window->ToolbarButton(12)->isEnabled(), c.open);
-        EXPECT_EQ(w.window->ToolbarButton(13)->isEnabled(), c.open);
-        for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
-            EXPECT_EQ(w.window->MenuItem(item)->isEnabled(), c.open) << item;
-    }
-}
-
 TEST(MainWindow, FocusColoursTheRowsAndBlinkerFocusesTheRowAfterTheActiveOne) {
     Started w;
-    EXPECT_EQ(RowPixel(*w.window, 0), 0xFFFF80u); // pale yellow, as 0xRRGGBB
+    frmGraphMain& m = *w.window;
+    // The colour of each row's background, 'y' pale yellow or 'w' white, and the active row.
+    const auto rows = [&] {
+        std::string out;
+        for (int i = 0; i < 5; ++i)
+            out += w.Pixel(m.Paper(i)) == 0x80FFFF   ? 'y'
+                   : w.Pixel(m.Paper(i)) == 0xFFFFFF ? 'w'
+                                                     : '?';
+        return out + " " + std::to_string(w.s->ActiveSlot);
+    };
+    EXPECT_EQ(rows(), "ywwww 0");
     for (int i = 1; i <= 3; ++i)
-        w.window->Blinker()->click();
-    ASSERT_EQ(w.s->ActiveSlot, 3);
-    EXPECT_EQ(RowPixel(*w.window, 0), 0xFFFFFFu);
-    EXPECT_EQ(RowPixel(*w.window, 3), 0xFFFF80u);
-
-    w.window->Blinker()->click();
-    EXPECT_TRUE(w.window->Paper(4)->isVisible());
-    EXPECT_TRUE(w.window->Paper(4)->hasFocus());
-    EXPECT_EQ(w.s->ActiveSlot, 4);
-    EXPECT_FALSE(w.window->Blinker()->isVisible());
-    EXPECT_EQ(RowPixel(*w.window, 3), 0xFFFFFFu);
-    EXPECT_EQ(RowPixel(*w.window, 4), 0xFFFF80u);
-
+        m.Blinker()->click();
+    EXPECT_EQ(rows(), "wwwyw 3");
+    m.Blinker()->click();
+    EXPECT_TRUE(m.Paper(4)->isVisible());
+    EXPECT_TRUE(m.Paper(4)->hasFocus());
+    EXPECT_FALSE(m.Blinker()->isVisible());
+    EXPECT_EQ(rows(), "wwwwy 4");
     // The graph takes the focus: every row white, the active row kept for the menus.
-    w.window->frmGraph()->setFocus();
-    for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(RowPixel(*w.window, i), 0xFFFFFFu) << i;
-    EXPECT_EQ(w.s->ActiveSlot, 4);
+    m.frmGraph()->setFocus();
+    EXPECT_EQ(rows(), "wwwww 4");
 }
 
-TEST(MainWindow, NavigationKeysInARowMoveTheViewAndTypeNothing) {
+TEST(MainWindow, KeysAndTheMouseReachTheViewAndTheReadout) {
     Started w;
-    w.Key(w.window->Paper(0), Qt::Key_Up);
-    w.Key(w.window->Paper(0), Qt::Key_End);
-    EXPECT_EQ(w.s->ViewYMax, 21);
-    EXPECT_EQ(w.s->ViewXMax, 30);
+    // Navigation keys in a row move the view and type nothing.
+    w.Key(0, Qt::Key_Up);
+    w.Key(0, Qt::Key_End);
+    EXPECT_EQ(std::tuple(w.s->ViewYMax, w.s->ViewXMax), std::tuple(21.0, 30.0));
     EXPECT_EQ(w.s->TokenCount(0), 0);
     w.Type(0, "x");
-    w.Key(w.window->Paper(0), Qt::Key_Backspace);
+    w.Key(0, Qt::Key_Backspace);
     EXPECT_EQ(w.s->TokenCount(0), 0);
-}
-
-TEST(MainWindow, MouseOnTheGraphShowsTheCoordinatesInTheReadout) {
-    struct Case {
-        QPoint at;
-        const char* readout;
-    };
-    const Case cases[] = {{{200, 200}, "x = 0    y = 0"},
-                          {{300, 100}, "x = 10    y = 10"},
-                          {{0, 399}, "x = -20    y = -20"}};
-    Started w;
-    for (const Case& c : cases) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(c.at), QPointF(c.at), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
+    // The mouse over the graph shows the coordinates in that view, -10..30 by -19..21.
+    for (const auto& [at, readout] : {std::pair(QPoint(200, 200), "x = 10    y = 1"),
+                                      {QPoint(300, 100), "x = 20    y = 11"},
+                                      {QPoint(0, 399), "x = -10    y = -19"}}) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(at), QPointF(at), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
         QApplication::sendEvent(w.window->frmGraph(), &move);
-        EXPECT_EQ(w.window->Label2()->text(), QString::fromUtf8(c.readout));
+        EXPECT_EQ(w.window->Label2()->text(), QString::fromUtf8(readout));
     }
 }
 
@@ -258,14 +228,31 @@ TEST(MainWindow, SavedProblemsGoesToTheUsersDataWhereTheProgramFolderIsClosed) {
     QStandardPaths::setTestModeEnabled(false);
 }
 
-TEST(MainWindow, CommandsWithoutTheirWindowsSaySoAndExitOnlyHides) {
-    Started w;
+TEST(MainWindow, ColourCommandsReachTheSwatchesAndTheGraphAndTheOthersSaySo) {
+    auto w = std::make_unique<Started>();
+    app::SurfaceView* graph = w->window->frmGraph();
+    ASSERT_EQ(w->Pixel(graph, 5, 5), 0xFFFFFFu);
+    w->platform.ColourAnswers.push_back(0x00A0A0);
+    w->window->Picture1(2)->Clicked();
+    EXPECT_EQ(w->window->Picture1(2)->ShownColour(), 0x00A0A0u);
+    EXPECT_EQ(w->platform.Calls.back().Style, 0x00C000);
+    // A cancelled background dialog leaves the grid colour as the background.
+    w->window->MenuClick("mnuBackColor");
+    EXPECT_EQ(w->Pixel(graph, 5, 5), 16766596u);
+    w->window->MenuClick("mnuGraphDefault");
+    EXPECT_EQ(w->Pixel(graph, 5, 5), 0xFFFFFFu);
+    EXPECT_EQ(w->window->Picture1(2)->ShownColour(), 0x00C000u);
+    // Commands without their windows say so; Exit only hides.
     for (const char* item : {"mnuGraphPrint", "mnuSave", "mnuAbout"})
-        w.window->MenuItem(item)->trigger();
-    EXPECT_EQ(w.platform.Messages(), std::vector<std::string>(3, NotAvailableText));
-    w.window->MenuItem("mnuGraphExit")->trigger();
-    EXPECT_FALSE(w.window->isVisible());
-    EXPECT_EQ(w.s->Host, &w.platform);
+        w->window->MenuItem(item)->trigger();
+    EXPECT_EQ(w->platform.Messages(), Texts(3, NotAvailableText));
+    w->window->MenuItem("mnuGraphExit")->trigger();
+    EXPECT_FALSE(w->window->isVisible());
+    EXPECT_EQ(w->s->Host, &w->platform);
+    // The window unbinds the commands it gave the session.
+    Session& s = *w->s;
+    w->window.reset();
+    EXPECT_FALSE(s.Commands.mnuShade_Click);
 }
 
 } // namespace vt

@@ -1,16 +1,37 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 
-#include "display/DisplayTesting.h"
+#include "display/Papers.h"
 #include "display/Typesetter.h"
+#include "support/RecordingSurface.h"
 #include "support/ScriptedPlatform.h"
 
 namespace vt {
 namespace {
 
-using test::Glyphs;
 using test::RecordingSurface;
+
+// A row-sized recording surface, 289 by 41 pixels in a pixel scale, in OrlentisFont 12. With
+// the recording surface's metrics a character is 8 pixels wide at size 12 and 16/3 at size 8.
+RecordingSurface MakeRow(int width = 289, int height = 41) {
+    RecordingSurface row(width, height);
+    row.FontName = "OrlentisFont";
+    row.FontSize = 12;
+    return row;
+}
+
+// The printed glyphs as "text@x,y" with six significant digits.
+std::vector<std::string> Glyphs(const RecordingSurface& surface) {
+    std::vector<std::string> out;
+    for (const auto& p : surface.Prints) {
+        char position[64];
+        std::snprintf(position, sizeof position, "@%g,%g", p.X, p.Y);
+        out.push_back(p.Text + position);
+    }
+    return out;
+}
 constexpr auto Screen = TypesetTarget::Screen;
 constexpr auto Printer = TypesetTarget::Printer;
 constexpr auto Regression = TypesetTarget::RegressionWindow;
@@ -18,8 +39,8 @@ constexpr auto Regression = TypesetTarget::RegressionWindow;
 // A row (289 wide), the printed page (scaled 800 by 600) or the regression window, each at size
 // 12 with one unit a pixel, so that a character is 8 units wide.
 RecordingSurface SurfaceFor(TypesetTarget target) {
-    if (target == Printer) return test::MakeRow(800, 600);
-    RecordingSurface surface = test::MakeRow(target == Screen ? 289 : 300, 200);
+    if (target == Printer) return MakeRow(800, 600);
+    RecordingSurface surface = MakeRow(target == Screen ? 289 : 300, 200);
     if (target == Regression) surface.FontName = "Book Antiqua";
     return surface;
 }
@@ -32,58 +53,45 @@ std::vector<std::string> Typeset(Session& s, RecordingSurface& out, std::string 
 }
 
 TEST(Typesetter, PlacesEveryGlyphByTheFiguresOfItsSurface) {
-    struct Case {
-        TypesetTarget target;
-        std::string text;
-        std::vector<std::string> glyphs;
-    } cases[] = {
+    // Each glyph as "text@x,y", six significant digits, ended by "|".
+    // clang-format off
+    const std::tuple<TypesetTarget, const char*, const char*> cases[] = {
         // Rows: two blanks, the baseline 11 down; 1/2 has its numerator 7.2 up, the
         // denominator 20.4 below that and the bar on the numerator's line.
-        {Screen, "", {"  @0,0", " @16,11"}},
-        {Screen, "#1/2#", {"  @0,0", "1@16,3.8", "2@16,24.2", "_@16,3.8", " @24,11"}},
+        {Screen, "", "  @0,0| @16,11|"},
+        {Screen, "#1/2#", "  @0,0|1@16,3.8|2@16,24.2|_@16,3.8| @24,11|"},
         // Only the "/" outside parentheses divides.
-        {Screen,
-         "#(1/x)/2#",
-         {"  @0,0", "(@16,3.8", "1@24,3.8", "/@32,3.8", "x@40,3.8", ")@48,3.8", "   @16,24.2",
-          "2@40,24.2", "_@16,3.8", "_@24,3.8", "_@32,3.8", "_@40,3.8", "_@48,3.8", " @56,11"}},
+        {Screen, "#(1/x)/2#", "  @0,0|(@16,3.8|1@24,3.8|/@32,3.8|x@40,3.8|)@48,3.8|   @16,24.2|"
+                              "2@40,24.2|_@16,3.8|_@24,3.8|_@32,3.8|_@40,3.8|_@48,3.8| @56,11|"},
         // 2x^2+1/x as the builder marks it up: the exponent 1.6 up, at size 8.
-        {Screen,
-         "2x^2^+#1/x#",
-         {"  @0,0", "2@16,11", "x@24,11", "2@32,9.4", "+@37.3333,11", "1@45.3333,3.8",
-          "x@45.3333,24.2", "_@45.3333,3.8", " @53.3333,11"}},
+        {Screen, "2x^2^+#1/x#", "  @0,0|2@16,11|x@24,11|2@32,9.4|+@37.3333,11|1@45.3333,3.8|"
+                                "x@45.3333,24.2|_@45.3333,3.8| @53.3333,11|"},
         // Roots: overbar 18 up from X0 + 6, sign left 2 and up 2; over a fraction the overbar
         // is 7 higher and the sign comes in two pieces.
-        {Screen,
-         "~x~",
-         {"  @0,0", "  @16,11", "x@32,11", "_@22,-7", "_@30,-7", "_@38,-7", "~@14,9", " @46,11"}},
-        {Screen,
-         "~#1/x#~",
-         {"  @0,0", "  @16,11", "1@32,3.8", "x@32,24.2", "_@32,3.8", "_@22,-14", "_@30,-14",
-          "_@38,-14", "&@18,2", "~@12,18", " @46,11"}},
+        {Screen, "~x~", "  @0,0|  @16,11|x@32,11|_@22,-7|_@30,-7|_@38,-7|~@14,9| @46,11|"},
+        {Screen, "~#1/x#~", "  @0,0|  @16,11|1@32,3.8|x@32,24.2|_@32,3.8|_@22,-14|_@30,-14|"
+                            "_@38,-14|&@18,2|~@12,18| @46,11|"},
         // Printer: no blanks, 12 down and right; exponent 1 up; numerator 5 up, denominator 14
         // down; overbar 12 up from X0 + 6; tall sign up 7, right 1, down 10, left 14.
-        {Printer, "x^2^", {"x@12,12", "2@20,11", " @25.3333,12"}},
-        {Printer, "#1/2#", {"1@12,7", "2@12,21", "_@12,7", " @20,12"}},
-        {Printer,
-         "~#1/x#~",
-         {"  @12,12", "1@28,7", "x@28,21", "_@28,7", "_@18,0", "_@26,0", "_@34,0", "&@13,5",
-          "~@7,15", " @42,12"}},
+        {Printer, "x^2^", "x@12,12|2@20,11| @25.3333,12|"},
+        {Printer, "#1/2#", "1@12,7|2@12,21|_@12,7| @20,12|"},
+        {Printer, "~#1/x#~", "  @12,12|1@28,7|x@28,21|_@28,7|_@18,0|_@26,0|_@34,0|&@13,5|~@7,15|"
+                             " @42,12|"},
         // Regression window: 3 down, or a font size down when a "/" stands anywhere; the plain
         // sign moves only left; S, C, T stay single letters.
-        {Regression, "x^2^", {"x@0,3", "2@8,1.4", " @13.3333,3"}},
-        {Regression,
-         "~x~",
-         {"  @0,3", "x@16,3", "_@6,-15", "_@14,-15", "_@22,-15", "~@-2,3", " @30,3"}},
-        {Regression,
-         "~#1/x#~",
-         {"  @0,12", "1@16,4.8", "x@16,25.2", "_@16,4.8", "_@6,-6", "_@14,-6", "_@22,-6", "&@2,3",
-          "~@-4,19", " @30,12"}},
-        {Regression, "S", {"S@0,3", " @8,3"}},
-    };
-    for (const auto& c : cases) {
+        {Regression, "x^2^", "x@0,3|2@8,1.4| @13.3333,3|"},
+        {Regression, "~x~", "  @0,3|x@16,3|_@6,-15|_@14,-15|_@22,-15|~@-2,3| @30,3|"},
+        {Regression, "~#1/x#~", "  @0,12|1@16,4.8|x@16,25.2|_@16,4.8|_@6,-6|_@14,-6|_@22,-6|"
+                                "&@2,3|~@-4,19| @30,12|"},
+        {Regression, "S", "S@0,3| @8,3|"}};
+    // clang-format on
+    for (const auto& [target, text, glyphs] : cases) {
         Session s;
-        auto out = SurfaceFor(c.target);
-        EXPECT_EQ(Typeset(s, out, c.text, c.target), c.glyphs) << c.text;
+        auto out = SurfaceFor(target);
+        std::string joined;
+        for (const std::string& glyph : Typeset(s, out, text, target))
+            joined += glyph + "|";
+        EXPECT_EQ(joined, glyphs) << text;
     }
 }
 
@@ -110,92 +118,79 @@ TEST(Typesetter, ExponentIsSizeEightWhateverTheRowAndPadsRoundHalfToEven) {
 }
 
 TEST(Typesetter, EndsLinesAndPagesByTheRulesOfItsSurface) {
-    struct Case {
-        TypesetTarget target;
-        bool wrap;
-        float startY;
-        std::size_t at; // index of the glyph to look at, among 100 characters
-        std::string glyph;
-        int newPages;
-    } cases[] = {
+    // {surface, wrap asked, the pen's start height, the index of the glyph to look at among 100
+    // characters, that glyph, new pages}
+    // clang-format off
+    const std::tuple<TypesetTarget, bool, float, std::size_t, std::string, int> cases[] = {
         // A row asked to wrap breaks once the pen passes 289 - 20, after the 32nd character.
-        {Screen, true, 0, 33, "...@272,11", 0},
-        {Screen, true, 0, 34, "7@29,25", 0},
+        {Screen, true, 0, 33, "...@272,11", 0}, {Screen, true, 0, 34, "7@29,25", 0},
         {Screen, false, 0, 96, "7@776,11", 0},
         // The printer always breaks past 765 and goes on 12 lower at 15; a baseline at 560 or
-        // lower starts a new page before the next character.
-        {Printer, false, 0, 95, "...@772,12", 0},
-        {Printer, false, 0, 96, "7@15,24", 0},
-        {Printer, false, 540, 96, "7@12,24", 1},
-        {Printer, false, 548, 0, "7@12,24", 1},
-        {Printer, false, 547, 0, "7@12,559", 1}, // its wrap takes it to 571, a page end
-        {Regression, true, 0, 95, "7@760,3", 0},
-    };
-    for (const auto& c : cases) {
+        // lower starts a new page before the next character. From 547 the wrap takes the pen
+        // to 571, a page end.
+        {Printer, false, 0, 95, "...@772,12", 0}, {Printer, false, 0, 96, "7@15,24", 0},
+        {Printer, false, 540, 96, "7@12,24", 1}, {Printer, false, 548, 0, "7@12,24", 1},
+        {Printer, false, 547, 0, "7@12,559", 1}, {Regression, true, 0, 95, "7@760,3", 0}};
+    // clang-format on
+    for (const auto& [target, wrap, startY, at, glyph, newPages] : cases) {
         Session s;
-        auto out = SurfaceFor(c.target);
-        out.CurrentY = c.startY;
-        const auto glyphs = Typeset(s, out, std::string(100, '7'), c.target, c.wrap);
-        EXPECT_EQ(glyphs.at(c.at), c.glyph) << c.startY;
-        EXPECT_EQ(std::count(out.Log.begin(), out.Log.end(), "NewPage"), c.newPages);
+        auto out = SurfaceFor(target);
+        out.CurrentY = startY;
+        EXPECT_EQ(Typeset(s, out, std::string(100, '7'), target, wrap).at(at), glyph) << startY;
+        EXPECT_EQ(std::count(out.Log.begin(), out.Log.end(), "NewPage"), newPages);
     }
 }
 
 TEST(Typesetter, ColoursByMarksAndBySurface) {
-    struct Case {
-        TypesetTarget target;
-        bool useColour;
-        std::string text;
-        std::vector<Colour> colours; // of each glyph but the opening blanks
-    } cases[] = {
+    // {surface, printing in the row's colour, text, the colour of each glyph but the opening
+    // blanks}
+    // clang-format off
+    const std::tuple<TypesetTarget, bool, std::string, std::vector<Colour>> cases[] = {
         {Screen, false, "a[b]c", {0x00C000, 255, 0, 0}},
         {Screen, false, "[#1/2#]", {255, 255, 255, 0}},
         {Screen, false, "~[x]y~", {0x00C000, 255, 0, 0, 0, 0, 0, 0, 0}},
         {Printer, false, "a[b]c", {0, 255, 0, 0}},
         {Printer, true, "a[b]c", {65280, 255, 0xFF0000, 0xFF0000}},
-        {Regression, false, "a[b]c", {0xFF0000, 255, 0xFF0000, 0xFF0000}},
-    };
-    for (const auto& c : cases) {
+        {Regression, false, "a[b]c", {0xFF0000, 255, 0xFF0000, 0xFF0000}}};
+    // clang-format on
+    for (const auto& [target, useColour, text, expected] : cases) {
         Session s;
-        auto out = SurfaceFor(c.target);
+        auto out = SurfaceFor(target);
         out.ForeColor = 0x00C000;
-        Typeset(s, out, c.text, c.target, false, c.useColour, "65280");
+        Typeset(s, out, text, target, false, useColour, "65280");
         std::vector<Colour> colours;
-        for (auto p = out.Prints.begin() + (c.target == Screen); p != out.Prints.end(); ++p)
+        for (auto p = out.Prints.begin() + (target == Screen); p != out.Prints.end(); ++p)
             colours.push_back(p->ForeColor);
-        EXPECT_EQ(colours, c.colours) << c.text;
+        EXPECT_EQ(colours, expected) << text;
     }
 }
 
 TEST(Typesetter, FailureStopsTheTextShowsTheMessageAndResetsTheFontSize) {
-    struct Case {
-        TypesetTarget target;
-        std::string text;
-        bool fails;
-    } cases[] = {
-        {Screen, std::string(3000, '1'), false},
-        {Screen, std::string(3001, '1'), true},
+    // {surface, text, fails}: 3000 characters fit and 3001 do not; nor do 251 in an exponent,
+    // at size 8 and red, or in a numerator. A root that never closes runs past the last cell;
+    // the printer's colour text "green" is no colour.
+    // clang-format off
+    const std::tuple<TypesetTarget, std::string, bool> cases[] = {
+        {Screen, std::string(3000, '1'), false}, {Screen, std::string(3001, '1'), true},
         {Screen, "x^" + std::string(250, '2') + "^", false},
-        {Screen, "[x^" + std::string(251, '2') + "^", true}, // at size 8 and red
-        {Screen, "#" + std::string(251, '1') + "/2#", true},
-        {Screen, "~x", true}, // a root that never closes runs past the last cell
-        {Printer, "x", true}, // a colour text that is no colour
-        {Regression, "^2", true},
-    };
-    for (const auto& c : cases) {
+        {Screen, "[x^" + std::string(251, '2') + "^", true},
+        {Screen, "#" + std::string(251, '1') + "/2#", true}, {Screen, "~x", true},
+        {Printer, "x", true},
+        {Regression, "^2", true}};
+    // clang-format on
+    for (const auto& [target, text, fails] : cases) {
+        SCOPED_TRACE(text.size());
         test::ScriptedPlatform platform;
         Session s;
         s.Host = &platform;
-        auto out = SurfaceFor(c.target);
+        auto out = SurfaceFor(target);
         out.FontSize = 10;
-        Typeset(s, out, c.text, c.target, false, true, "green");
-        EXPECT_EQ(platform.Messages().size(), c.fails ? 1u : 0u) << c.text.size();
-        if (c.fails) {
-            EXPECT_EQ(platform.Messages()[0], DisplayFailureText);
-        }
-        EXPECT_EQ(out.FontSize, c.fails ? 12 : 10) << c.text.size();
-        EXPECT_EQ(!out.Prints.empty() && out.Prints.back().Text == " ", !c.fails);
-        EXPECT_EQ(out.ForeColor, c.text[0] == '[' ? 255u : c.target == Regression ? 0xFF0000 : 0);
+        Typeset(s, out, text, target, false, true, "green");
+        EXPECT_EQ(platform.Messages(), fails ? std::vector<std::string>{DisplayFailureText}
+                                             : std::vector<std::string>{});
+        EXPECT_EQ(out.FontSize, fails ? 12 : 10);
+        EXPECT_EQ(!out.Prints.empty() && out.Prints.back().Text == " ", !fails);
+        EXPECT_EQ(out.ForeColor, text[0] == '[' ? 255u : target == Regression ? 0xFF0000 : 0);
     }
     Session s; // without a window nobody is told, and the drawing stops all the same
     auto row = SurfaceFor(Screen);
@@ -203,26 +198,19 @@ TEST(Typesetter, FailureStopsTheTextShowsTheMessageAndResetsTheFontSize) {
 }
 
 TEST(Typesetter, LeavesCaretValuesWhereTheSurfaceWritesThem) {
-    struct Case {
-        TypesetTarget target;
-        std::string text;
-        double caretX; // -1: not written
-        bool afterFraction;
-        int fractionEndX;
-    } cases[] = {
+    // {surface, text, CaretX (-1: not written), CaretAfterFraction, FractionEndX}
+    const std::tuple<TypesetTarget, std::string, double, bool, int> cases[] = {
         {Screen, "x", 20, false, -1},       {Screen, "x+#1/22#", 44, true, 48},
         {Screen, "#1/2#+x", 36, false, 24}, {Screen, "~#1/x#~", 42, true, 40},
-        {Printer, "x+#1/2#", -1, true, 36}, {Regression, "x+#1/2#", -1, true, 24},
-    };
-    for (const auto& c : cases) {
+        {Printer, "x+#1/2#", -1, true, 36}, {Regression, "x+#1/2#", -1, true, 24}};
+    for (const auto& [target, text, caretX, afterFraction, fractionEndX] : cases) {
+        SCOPED_TRACE(text);
         Session s;
         s.CaretX = s.CaretY = s.FractionEndX = -1;
-        auto out = SurfaceFor(c.target);
-        Typeset(s, out, c.text, c.target);
-        EXPECT_EQ(s.CaretX, c.caretX) << c.text;
-        EXPECT_EQ(s.CaretY, c.target == Screen ? 11 : -1) << c.text;
-        EXPECT_EQ(s.CaretAfterFraction, c.afterFraction) << c.text;
-        EXPECT_EQ(s.FractionEndX, c.fractionEndX) << c.text;
+        auto out = SurfaceFor(target);
+        Typeset(s, out, text, target);
+        EXPECT_EQ(std::tuple(s.CaretX, s.CaretY, s.CaretAfterFraction, s.FractionEndX),
+                  std::tuple(caretX, target == Screen ? 11.0 : -1.0, afterFraction, fractionEndX));
     }
 }
 
@@ -247,6 +235,54 @@ TEST(Typesetter, RegressionWindowKeepsItsOwnPenAndFont) {
         if (p.Text == "~") fonts.push_back(p.FontName);
     EXPECT_EQ(fonts, (std::vector<std::string>{"OrlentisFont", "Book Antiqua"}));
     EXPECT_EQ(window.FontName, "Book Antiqua");
+}
+
+void SetRowText(Session& s, int slot, const std::string& text) {
+    for (std::size_t i = 0; i < text.size(); ++i)
+        s.DisplayTokens(static_cast<int>(i), slot) = std::string(1, text[i]);
+}
+
+TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
+    // {rows with text, LastFilledSlot before and after, a row whose text cannot be typeset or
+    // -1}: with no text anywhere it is kept; it is the highest row with text, also when that is
+    // lower; the failure stops only its own row.
+    const std::tuple<std::vector<int>, int, int, int> cases[] = {
+        {{}, 3, 3, -1}, {{0, 2}, 0, 2, -1}, {{0, 1}, 3, 1, -1}, {{1, 4}, 1, 4, 3}};
+    for (const auto& [filledRows, lastFilledBefore, lastFilledAfter, failingRow] : cases) {
+        test::ScriptedPlatform platform;
+        Session s;
+        s.Host = &platform;
+        std::vector<test::RecordingSurface> rows(UsableSlots, MakeRow());
+        for (int i = 0; i < UsableSlots; ++i) {
+            rows[i].CurrentX = 100; // where the last paint left the pen
+            s.Paper[i] = &rows[i];
+        }
+        for (int row : filledRows)
+            SetRowText(s, row, "x^2^+S(x)");
+        if (failingRow >= 0) SetRowText(s, failingRow, "^2");
+        s.ActiveSlot = 2;
+        s.LastFilledSlot = lastFilledBefore;
+
+        RedrawPapers(s);
+
+        EXPECT_EQ(s.ActiveSlot, 2);
+        EXPECT_EQ(s.LastFilledSlot, lastFilledAfter);
+        EXPECT_EQ(platform.Messages().size(), failingRow >= 0 ? 1u : 0u);
+        for (int i = 0; i < UsableSlots; ++i) {
+            const bool filled = std::count(filledRows.begin(), filledRows.end(), i) > 0;
+            ASSERT_FALSE(rows[i].Log.empty());
+            EXPECT_EQ(rows[i].Log.front(), "Cls") << i;
+            EXPECT_EQ(Glyphs(rows[i]).at(0), "  @0,0") << i;
+            // Blanks, x, 2, +, s, i, n, (, x, ), blank; or the two blanks of an empty row.
+            if (i != failingRow) {
+                EXPECT_EQ(rows[i].Prints.size(), filled ? 11u : 2u) << i;
+            }
+        }
+    }
+    Session bare; // no surfaces: the rows are still counted
+    SetRowText(bare, 2, "x");
+    RedrawPapers(bare);
+    EXPECT_EQ(bare.LastFilledSlot, 2);
 }
 
 } // namespace

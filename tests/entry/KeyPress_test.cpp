@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "entry/EntryTesting.h"
 #include "translate/Graphable.h"
 
@@ -12,46 +10,26 @@ using test::Type;
 using test::TypeFromMenu;
 
 TEST(Backspace, RemovesFromTheEndAndLeavesTheRowReadyForWhatWasRemoved) {
-    struct Case {
-        const char* keys; // "\b" is Backspace
-        const char* text;
-        bool lastAccepted;
-    };
-    const Case cases[] = {
-        {"x+2\b", "x+", true},
-        {"x+2\b\b\b", "", true},
-        {"\b", "", false},
-        {"x\b\b", "", false},
-        // A function goes with its parenthesis.
-        {"S(\b", "", true},
-        {"2S(\b", "2", true},
-        {"xT(\b", "x", true},
-        {"S(\b)", "", false},
-        // An exponent mark never stays behind alone.
-        {"x^2\b", "x", true},
-        {"x^23\b", "x^2", true},
-        {"x^-\b", "x", true},
-        {"x^S(\b", "x", true},
-        {"x^(\b", "x", true},
-        // Parentheses and bars are counted back: a closing bar taken away leaves the bar open.
-        {"(x)\b)", "(x)", true},
-        {"(x\b\b)", "", false},
-        {"((x+(\b(", "((x+(", true},
-        {"|x|\b|", "|x|", true},
-        {"|x\b\b|x|", "|x|", true},
-        {"(|x|)\b\b|)", "(|x|)", true},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.keys);
+    // {keys, "\b" being Backspace; the row; the last key taken}. A function goes with its
+    // parenthesis. An exponent mark never stays behind alone. Parentheses and bars are counted
+    // back: a closing bar taken away leaves the bar open.
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"x+2\b", "x+", true},         {"x+2\b\b\b", "", true}, {"\b", "", false},
+        {"x\b\b", "", false},          {"S(\b", "", true},      {"2S(\b", "2", true},
+        {"xT(\b", "x", true},          {"S(\b)", "", false},    {"x^2\b", "x", true},
+        {"x^23\b", "x^2", true},       {"x^-\b", "x", true},    {"x^S(\b", "x", true},
+        {"x^(\b", "x", true},          {"(x)\b)", "(x)", true}, {"(x\b\b)", "", false},
+        {"((x+(\b(", "((x+(", true},   {"|x|\b|", "|x|", true}, {"|x\b\b|x|", "|x|", true},
+        {"(|x|)\b\b|)", "(|x|)", true}};
+    for (const auto& [keys, text, lastAccepted] : cases) {
+        SCOPED_TRACE(keys);
         auto s = NewEntrySession();
-        TypeFromMenu(*s, c.keys);
-        EXPECT_EQ(EntryText(*s, 0), c.text);
-        EXPECT_EQ(s->TokenCount(0), static_cast<int>(std::string(c.text).size()));
-        EXPECT_EQ(s->KeyAccepted, c.lastAccepted);
+        TypeFromMenu(*s, keys);
+        EXPECT_EQ(EntryText(*s, 0), text);
+        EXPECT_EQ(s->TokenCount(0), static_cast<int>(std::string(text).size()));
+        EXPECT_EQ(s->KeyAccepted, lastAccepted);
     }
-}
-
-TEST(Backspace, OverASlashEndsTheFraction) {
+    // Over a slash the fraction ends.
     auto s = NewEntrySession();
     Type(*s, "x/");
     ASSERT_TRUE(s->InFraction(0));
@@ -61,74 +39,50 @@ TEST(Backspace, OverASlashEndsTheFraction) {
     EXPECT_EQ(s->FractionSide, 0);
 }
 
-TEST(KeyPress, UpperCaseXIsStoredAsTheVariable) {
-    auto s = NewEntrySession();
-    Type(*s, "2X+X");
-    EXPECT_EQ(EntryText(*s, 0), "2x+x");
-}
-
 TEST(KeyPress, EnterGraphsOnlyWhenEveryRowIsComplete) {
-    struct Case {
-        const char* row0;
-        const char* row1;
-        bool graphs;
-    };
-    const Case cases[] = {
-        {"", "", false},    {"x", "", true},   {"2x^2+S(x)", "", true}, {"x+", "", false},
-        {"(x", "", false},  {"|x", "", false}, {"x^", "", false},       {"x", "|x|", true},
-        {"x", "x-", false}, // an unfinished row anywhere closes the command
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.row0) + " / " + c.row1);
+    // {row 0, row 1, graphs}: an unfinished row anywhere closes the command.
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"", "", false},   {"x", "", true},    {"2x^2+S(x)", "", true},
+        {"x+", "", false}, {"(x", "", false},  {"|x", "", false},
+        {"x^", "", false}, {"x", "|x|", true}, {"x", "x-", false}};
+    for (const auto& [row0, row1, graphs] : cases) {
+        SCOPED_TRACE(std::string(row0) + " / " + row1);
         auto s = NewEntrySession();
-        int graphs = 0;
-        s->GraphCommand = [&graphs] { ++graphs; };
+        int graphed = 0;
+        s->GraphCommand = [&graphed] { ++graphed; };
         s->ActiveSlot = 1;
-        TypeFromMenu(*s, c.row1);
+        TypeFromMenu(*s, row1);
         s->ActiveSlot = 0;
-        TypeFromMenu(*s, c.row0);
-        ASSERT_EQ(EntryText(*s, 0) + "/" + EntryText(*s, 1), std::string(c.row0) + "/" + c.row1);
+        TypeFromMenu(*s, row0);
+        ASSERT_EQ(EntryText(*s, 0) + "/" + EntryText(*s, 1), std::string(row0) + "/" + row1);
         Paper_KeyPress(*s, 0, EnterKey);
-        EXPECT_EQ(graphs, c.graphs ? 1 : 0);
+        EXPECT_EQ(graphed, graphs ? 1 : 0);
         EXPECT_FALSE(s->KeyAccepted);
-        EXPECT_EQ(EntryText(*s, 0), c.row0);
+        EXPECT_EQ(EntryText(*s, 0), row0);
     }
 }
 
 TEST(InsertCommands, TrigonometryRefusalsDifferBetweenSineAndTheOthers) {
+    // {the active row, the command, the row after it}. The function itself refused: sine leaves
+    // the row alone, cosine and tangent cost it its last token. The function taken and its
+    // parenthesis refused: all three take the function out.
     using Command = void (*)(Session&);
     const Command sine = mnuSin_Click, cosine = mnuCos_Click, tangent = mnuTan_Click;
-    struct Case {
-        const char* row;
-        Command command;
-        const char* text;
-    };
-    const Case cases[] = {
-        {"", sine, "S("},
-        {"", cosine, "C("},
-        {"", tangent, "T("},
-        {"x", sine, "xS("},
-        {"2", tangent, "2T("},
-        // The function itself refused: sine leaves the row alone, cosine and tangent cost it
-        // its last token.
-        {"(x)", sine, "(x)"},
-        {"(x)", cosine, "(x"},
-        {"(x)", tangent, "(x"},
-        {"2.", sine, "2."},
-        {"2.", cosine, "2"},
-        // The function taken and its parenthesis refused: all three take the function out.
-        {"((x+(x+", sine, "((x+(x+"},
-        {"((x+(x+", cosine, "((x+(x+"},
-        {"((x+(x+", tangent, "((x+(x+"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.row);
+    // clang-format off
+    const std::tuple<const char*, Command, const char*> cases[] = {
+        {"", sine, "S("}, {"", cosine, "C("}, {"", tangent, "T("}, {"x", sine, "xS("},
+        {"2", tangent, "2T("}, {"(x)", sine, "(x)"}, {"(x)", cosine, "(x"}, {"(x)", tangent, "(x"},
+        {"2.", sine, "2."}, {"2.", cosine, "2"}, {"((x+(x+", sine, "((x+(x+"},
+        {"((x+(x+", cosine, "((x+(x+"}, {"((x+(x+", tangent, "((x+(x+"}};
+    // clang-format on
+    for (const auto& [row, command, text] : cases) {
+        SCOPED_TRACE(row);
         auto s = NewEntrySession();
         s->ActiveSlot = 3; // the commands act on the active row
-        Type(*s, c.row);
-        ASSERT_EQ(EntryText(*s, 3), c.row);
-        c.command(*s);
-        EXPECT_EQ(EntryText(*s, 3), c.text);
+        Type(*s, row);
+        ASSERT_EQ(EntryText(*s, 3), row);
+        command(*s);
+        EXPECT_EQ(EntryText(*s, 3), text);
         EXPECT_FALSE(s->TrigFromMenu);
     }
 }
@@ -149,10 +103,8 @@ TEST(EntryReset, ResetEntryStateClearsRowsAndKeepsTheFractionState) {
     TypeFromMenu(*s, "(|x");
     s->ActiveSlot = 1;
     TypeFromMenu(*s, "x^2/3");
-    s->NumberHasPoint = true;
-    s->LastBarClosed = true;
-    s->ParenSide(2, 1) = -1;
-    s->ParenSide(3, 2) = -1;
+    s->NumberHasPoint = s->LastBarClosed = true;
+    s->ParenSide(2, 1) = s->ParenSide(3, 2) = -1;
     s->LetterList(4) = "x";
     s->SlotIncomplete(4) = true;
 
@@ -165,10 +117,8 @@ TEST(EntryReset, ResetEntryStateClearsRowsAndKeepsTheFractionState) {
         EXPECT_FALSE(s->BarOpen(slot) || s->InExponent(slot) || s->InFraction(slot) ||
                      s->SlotIncomplete(slot));
     }
-    EXPECT_EQ(s->DisplayCount, 0);
-    EXPECT_EQ(s->LetterList(4), "");
-    EXPECT_EQ(s->ParenSide(2, 1), 0);
-    EXPECT_FALSE(s->LastBarClosed);
+    EXPECT_EQ(std::tuple(s->DisplayCount, s->LetterList(4), s->ParenSide(2, 1), s->LastBarClosed),
+              std::tuple(0, "", 0, false));
     // The fraction state, the point flag and side 2 of the parenthesis table carry on.
     EXPECT_EQ(s->FractionSide, 1);
     EXPECT_TRUE(s->NumberHasPoint);
@@ -225,41 +175,26 @@ int TypeUntilRefused(Session& s, const std::string& pattern, int maxKeys) {
     return -1;
 }
 
-// What a refused key must leave as it found it.
-struct RowState {
-    std::string tokens, display, graphable;
-    bool inExponent, inRoot, inFraction, barOpen, incomplete, lastBarClosed, numberHasPoint;
-    int openParens, openBars, barParenDepth, displayCount;
-    Array2<int, 20, 2> parenSide;
-    Array2<int, 10, 4> termStart;
-
-    explicit RowState(const Session& s)
-        : tokens(EntryText(s, 0)), display(DisplayText(s, 0)), graphable(GraphableText(s, 0)),
-          inExponent(s.InExponent(0)), inRoot(s.InRoot(0)), inFraction(s.InFraction(0)),
-          barOpen(s.BarOpen(0)), incomplete(s.SlotIncomplete(0)), lastBarClosed(s.LastBarClosed),
-          numberHasPoint(s.NumberHasPoint), openParens(s.OpenParens(0)), openBars(s.OpenBars(0)),
-          barParenDepth(s.BarParenDepth(0)), displayCount(s.DisplayCount), parenSide(s.ParenSide),
-          termStart(s.TermStart) {}
-
-    // The first field that differs, or "".
-    std::string Differs(const RowState& o) const {
-        if (tokens != o.tokens || display != o.display || graphable != o.graphable) return "texts";
-        if (inExponent != o.inExponent || inRoot != o.inRoot || inFraction != o.inFraction ||
-            barOpen != o.barOpen || incomplete != o.incomplete ||
-            lastBarClosed != o.lastBarClosed || numberHasPoint != o.numberHasPoint)
-            return "flags";
-        if (openParens != o.openParens || openBars != o.openBars ||
-            barParenDepth != o.barParenDepth || displayCount != o.displayCount)
-            return "counts";
-        for (int i = 0; i <= 20; ++i)
-            for (int j = 0; j <= 2; ++j)
-                if (parenSide(i, j) != o.parenSide(i, j)) return "ParenSide";
-        for (int i = 0; i <= 10; ++i)
-            for (int j = 0; j <= 4; ++j)
-                if (termStart(i, j) != o.termStart(i, j)) return "TermStart";
-        return "";
-    }
-};
+// What a refused key must leave as it found it, as one text: row 0's texts, flags and counts,
+// and the parenthesis and term tables.
+std::string RowState(const Session& s) {
+    std::string out = EntryText(s, 0) + "|" + DisplayText(s, 0) + "|" + GraphableText(s, 0);
+    out += " flags ";
+    for (bool flag : {s.InExponent(0), s.InRoot(0), s.InFraction(0), s.BarOpen(0),
+                      s.SlotIncomplete(0), s.LastBarClosed, s.NumberHasPoint})
+        out += flag ? '1' : '0';
+    for (int count : {s.OpenParens(0), s.OpenBars(0), s.BarParenDepth(0), s.DisplayCount})
+        out += " " + std::to_string(count);
+    out += " ParenSide";
+    for (int i = 0; i <= 20; ++i)
+        for (int j = 0; j <= 2; ++j)
+            out += " " + std::to_string(s.ParenSide(i, j));
+    out += " TermStart";
+    for (int i = 0; i <= 10; ++i)
+        for (int j = 0; j <= 4; ++j)
+            out += " " + std::to_string(s.TermStart(i, j));
+    return out;
+}
 
 } // namespace
 
@@ -269,11 +204,11 @@ TEST(FullRow, RefusesKeysOnceTheLastCellIsFilled) {
     FillRow(*s, "1", 1990);
     ASSERT_EQ(TypeUntilRefused(*s, "1", 100), 0);
     ASSERT_EQ(s->TokenCount(0), CellUpper + 1);
-    const RowState full(*s);
+    const std::string full = RowState(*s);
     for (char key : std::string("1x+(|.")) {
         Paper_KeyPress(*s, 0, key);
         EXPECT_FALSE(s->KeyAccepted) << key;
-        EXPECT_EQ(RowState(*s).Differs(full), "") << key;
+        EXPECT_EQ(RowState(*s), full) << key;
     }
     Paper_KeyPress(*s, 0, BackspaceKey);
     EXPECT_EQ(s->TokenCount(0), CellUpper);
@@ -282,12 +217,9 @@ TEST(FullRow, RefusesKeysOnceTheLastCellIsFilled) {
 
 TEST(FullRow, KeyThatOverflowsTheBuilderIsRefusedWithTheRowRestored) {
     // Patterns the rules always accept, typed on from a long row until the builder's grids run
-    // out, well before the row's last cell.
-    struct Case {
-        std::string pattern;
-        int groups; // groups that one repetition makes
-    };
-    const Case cases[] = {{"x+", 2}, {"(x+1)-", 6}, {"|x|*2-", 6}, {"x^2+", 4}, {".5+", 2}};
+    // out, well before the row's last cell; {pattern, groups that one repetition makes}.
+    const std::pair<std::string, int> cases[] = {
+        {"x+", 2}, {"(x+1)-", 6}, {"|x|*2-", 6}, {"x^2+", 4}, {".5+", 2}};
     for (const auto& [pattern, groups] : cases) {
         SCOPED_TRACE(pattern);
         auto s = NewEntrySession();
@@ -300,15 +232,12 @@ TEST(FullRow, KeyThatOverflowsTheBuilderIsRefusedWithTheRowRestored) {
         // Back one key and on again to the same length, so that the refused key can be watched
         // from the state that a taken key left.
         Paper_KeyPress(*s, 0, BackspaceKey);
-        while (s->TokenCount(0) < length) {
-            const auto at = static_cast<std::size_t>(s->TokenCount(0)) % pattern.size();
-            Paper_KeyPress(*s, 0, pattern[at]);
-            ASSERT_TRUE(s->KeyAccepted);
-        }
-        const RowState before(*s);
+        ASSERT_EQ(TypeUntilRefused(*s, pattern, length - s->TokenCount(0)), -1);
+        ASSERT_EQ(s->TokenCount(0), length);
+        const std::string before = RowState(*s);
         Paper_KeyPress(*s, 0, pattern[static_cast<std::size_t>(refusedAt)]);
         EXPECT_FALSE(s->KeyAccepted);
-        EXPECT_EQ(RowState(*s).Differs(before), "");
+        EXPECT_EQ(RowState(*s), before);
     }
 }
 
@@ -326,10 +255,10 @@ TEST(FullRow, RefusedKeyLeavesTheBuilderTermStartTableAsItWas) {
     FillRow(*s, "x+", head / 2);
     Type(*s, tail.substr(0, tail.size() - 1));
     ASSERT_EQ(s->TokenCount(0), n);
-    const RowState before(*s);
+    const std::string before = RowState(*s);
     Paper_KeyPress(*s, 0, '(');
     EXPECT_FALSE(s->KeyAccepted);
-    EXPECT_EQ(RowState(*s).Differs(before), "");
+    EXPECT_EQ(RowState(*s), before);
 }
 
 } // namespace vt

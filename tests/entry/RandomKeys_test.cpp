@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <random>
-#include <string>
-#include <vector>
+#include <string_view>
 
 #include "entry/EntryTesting.h"
 #include "entry/TokenText.h"
@@ -17,16 +15,20 @@ namespace vt {
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool Instrumented = true;
-#elif defined(__has_feature)
+using testing::AssertionFailure;
+using testing::AssertionResult;
+using testing::AssertionSuccess;
+
+// Fewer sequences under AddressSanitizer, which makes each key many times slower.
+#if defined(__has_feature)
 #if __has_feature(address_sanitizer)
-constexpr bool Instrumented = true;
-#else
-constexpr bool Instrumented = false;
+#define VERITRACE_TEST_ASAN 1
 #endif
+#endif
+#if defined(__SANITIZE_ADDRESS__) || defined(VERITRACE_TEST_ASAN)
+constexpr int Sequences = 500;
 #else
-constexpr bool Instrumented = false;
+constexpr int Sequences = 4000;
 #endif
 
 const std::string TokenAlphabet = "0123456789.+-*/^~|()xPSCT";
@@ -34,62 +36,51 @@ const std::string TokenAlphabet = "0123456789.+-*/^~|()xPSCT";
 const std::string UsefulKeys = "0123456789.+-*/^~|()xXPSCT\b\r";
 
 bool IsOp(char c) {
-    return c == '+' || c == '-' || c == '*' || c == '/';
-}
-bool IsDigitChar(char c) {
-    return c >= '0' && c <= '9';
-}
-bool IsLetterChar(char c) {
-    return c == 'x' || c == 'P' || c == 'S' || c == 'C' || c == 'T';
+    return std::string_view("+-*/").find(c) != std::string_view::npos;
 }
 
-// Pairs that no sequence of keys can put side by side in a row.
+// Pairs that no sequence of keys can put side by side in a row: two operators; a digit or pi
+// after a letter; x twice; only digits after a point; after ")" no digit, letter or "(";
+// after "(", "~" and "^" none of the operators that need something before them.
 bool ForbiddenPair(char a, char b) {
-    // Two operators; a digit or pi after a letter; x twice; only digits after a point.
-    if (IsOp(a) && IsOp(b)) return true;
-    if (IsLetterChar(a) && (IsDigitChar(b) || b == 'P')) return true;
-    if (a == 'x' && b == 'x') return true;
-    if (a == '.' && !IsDigitChar(b)) return true;
-    // After ")" no digit, letter or "("; after "(", "~" and "^" none of the operators that
-    // need something before them.
-    if (a == ')' && (IsDigitChar(b) || IsLetterChar(b) || b == '(')) return true;
-    if (a == '(' && (b == '+' || b == '*' || b == '/' || b == ')' || b == '^')) return true;
-    if (a == '~' && (b == '+' || b == '*' || b == '/')) return true;
-    if (a == '^' && (b == '+' || b == '*' || b == '/' || b == '^' || b == ')')) return true;
+    const std::string digits = "0123456789", letters = "xPSCT";
+    const std::pair<std::string, std::string> rules[] = {{"+-*/", "+-*/"},
+                                                         {letters, digits + "P"},
+                                                         {"x", "x"},
+                                                         {".", ".+-*/^~|()xPSCT"},
+                                                         {")", digits + letters + "("},
+                                                         {"(", "+*/)^"},
+                                                         {"~", "+*/"},
+                                                         {"^", "+*/^)"}};
+    for (const auto& [before, after] : rules)
+        if (before.find(a) != std::string::npos && after.find(b) != std::string::npos) return true;
     return false;
 }
 
 std::string Printable(const std::vector<int>& keys) {
     std::string out;
-    for (int k : keys) {
-        if (k == BackspaceKey)
-            out += "<BS>";
-        else if (k == EnterKey)
-            out += "<CR>";
-        else
-            out += static_cast<char>(k);
-    }
+    for (int k : keys)
+        out += k == BackspaceKey ? "<BS>" : k == EnterKey ? "<CR>" : std::string(1, char(k));
     return out;
 }
 
 // The row as the cells hold it, after checking that they hold a gapless list of tokens.
-::testing::AssertionResult ReadRow(const Session& s, int slot, std::string& row, bool wholeRow) {
+AssertionResult ReadRow(const Session& s, int slot, std::string& row, bool wholeRow) {
     const int count = s.TokenCount(slot);
-    if (count < 0 || count > CellUpper + 1)
-        return ::testing::AssertionFailure() << "TokenCount " << count;
+    if (count < 0 || count > CellUpper + 1) return AssertionFailure() << "TokenCount " << count;
     row.clear();
     for (int i = 0; i < count; ++i) {
         const std::string& t = s.EntryTokens(i, slot);
         if (t.size() != 1 || TokenAlphabet.find(t[0]) == std::string::npos)
-            return ::testing::AssertionFailure() << "cell " << i << " holds \"" << t << "\"";
+            return AssertionFailure() << "cell " << i << " holds \"" << t << "\"";
         row += t;
     }
     const int last = wholeRow ? CellUpper : std::min(count + 3, CellUpper);
     for (int i = count; i <= last; ++i)
         if (!s.EntryTokens(i, slot).empty())
-            return ::testing::AssertionFailure() << "cell " << i << " past TokenCount " << count
-                                                 << " holds \"" << s.EntryTokens(i, slot) << "\"";
-    return ::testing::AssertionSuccess();
+            return AssertionFailure() << "cell " << i << " past TokenCount " << count << " holds \""
+                                      << s.EntryTokens(i, slot) << "\"";
+    return AssertionSuccess();
 }
 
 struct KeyOutcome {
@@ -99,40 +90,39 @@ struct KeyOutcome {
     int graphsBefore;
 };
 
-::testing::AssertionResult CheckKeyOutcome(const Session& s, const KeyOutcome& k,
-                                           const std::string& before, const std::string& now,
-                                           int graphs) {
+AssertionResult CheckKeyOutcome(const Session& s, const KeyOutcome& k, const std::string& before,
+                                const std::string& now, int graphs) {
     const int slot = s.ActiveSlot;
     if (k.key == BackspaceKey) {
         if (s.KeyAccepted != !before.empty())
-            return ::testing::AssertionFailure() << "Backspace accepted " << s.KeyAccepted;
+            return AssertionFailure() << "Backspace accepted " << s.KeyAccepted;
         const std::size_t removed = before.size() - now.size();
         if (!before.empty() &&
             (now.size() >= before.size() || removed > 3 || before.compare(0, now.size(), now) != 0))
-            return ::testing::AssertionFailure() << "Backspace made \"" << now << "\"";
+            return AssertionFailure() << "Backspace made \"" << now << "\"";
     } else if (s.KeyAccepted) {
         const char stored = k.key == 'X' ? 'x' : static_cast<char>(k.key);
         if (now != before + stored)
-            return ::testing::AssertionFailure() << "accepted key gave \"" << now << "\"";
+            return AssertionFailure() << "accepted key gave \"" << now << "\"";
         if ((stored == 'S' || stored == 'C' || stored == 'T') && !k.trigFromMenu)
-            return ::testing::AssertionFailure() << "typed function letter taken";
+            return AssertionFailure() << "typed function letter taken";
         if (!before.empty() && ForbiddenPair(before.back(), stored))
-            return ::testing::AssertionFailure() << "pair " << before.back() << stored;
+            return AssertionFailure() << "pair " << before.back() << stored;
     } else if (now != before) {
-        return ::testing::AssertionFailure() << "refused key changed the row to \"" << now << "\"";
+        return AssertionFailure() << "refused key changed the row to \"" << now << "\"";
     }
     if (graphs != k.graphsBefore + ((k.key == EnterKey && k.couldGraph) ? 1 : 0))
-        return ::testing::AssertionFailure() << "graph command ran " << graphs - k.graphsBefore;
+        return AssertionFailure() << "graph command ran " << graphs - k.graphsBefore;
 
     // The counts kept key by key agree with the list.
     const int open = static_cast<int>(std::count(now.begin(), now.end(), '('));
     const int closed = static_cast<int>(std::count(now.begin(), now.end(), ')'));
     const int bars = static_cast<int>(std::count(now.begin(), now.end(), '|'));
     if (s.OpenParens(slot) != open - closed || open - closed < 0 || open - closed > 3)
-        return ::testing::AssertionFailure() << "OpenParens " << s.OpenParens(slot);
+        return AssertionFailure() << "OpenParens " << s.OpenParens(slot);
     if (s.OpenBars(slot) != bars % 2 || s.BarOpen(slot) != (bars % 2 == 1))
-        return ::testing::AssertionFailure()
-               << "OpenBars " << s.OpenBars(slot) << " BarOpen " << s.BarOpen(slot);
+        return AssertionFailure() << "OpenBars " << s.OpenBars(slot) << " BarOpen "
+                                  << s.BarOpen(slot);
 
     // The builder ran: its completeness flag fits the end of the row, and its texts are there.
     // Both texts start at cell 0 and have no gaps, so their first cells tell whether they exist;
@@ -141,23 +131,22 @@ struct KeyOutcome {
     const bool display = !s.DisplayTokens(0, slot).empty();
     if (now.empty()) {
         if (s.SlotIncomplete(slot) || graphable || display)
-            return ::testing::AssertionFailure() << "empty row not built as empty";
+            return AssertionFailure() << "empty row not built as empty";
     } else {
         const char last = now.back();
         const bool unfinished = IsOp(last) || last == '^' || last == '~' || last == '(' ||
                                 open > closed || bars % 2 == 1;
         if (unfinished && !s.SlotIncomplete(slot))
-            return ::testing::AssertionFailure() << "unfinished row not marked incomplete";
-        if (!graphable || !display) return ::testing::AssertionFailure() << "no text built";
+            return AssertionFailure() << "unfinished row not marked incomplete";
+        if (!graphable || !display) return AssertionFailure() << "no text built";
     }
-    return ::testing::AssertionSuccess();
+    return AssertionSuccess();
 }
 
 } // namespace
 
 TEST(RandomKeys, RowsStayListsTheRulesCouldMake) {
     std::mt19937 rng(0x5EED2024u);
-    const int sequences = Instrumented ? 500 : 4000;
     auto session = test::NewEntrySession();
     Session& s = *session;
     int graphs = 0;
@@ -166,10 +155,10 @@ TEST(RandomKeys, RowsStayListsTheRulesCouldMake) {
     std::uniform_real_distribution<double> unit(0.0, 1.0);
     std::uniform_int_distribution<int> printable(32, 127); // 127 stands for Backspace or Enter
     std::uniform_int_distribution<std::size_t> useful(0, UsefulKeys.size() - 1);
-    for (int seq = 0; seq < sequences; ++seq) {
+    for (int seq = 0; seq < Sequences; ++seq) {
         ClearAllRows(s);
         s.ActiveSlot = 0;
-        std::array<std::string, UsableSlots> rows{};
+        std::vector<std::string> rows(UsableSlots);
         const double kind = unit(rng);
         const int length = kind < 0.9    ? std::uniform_int_distribution<int>(1, 60)(rng)
                            : kind < 0.99 ? std::uniform_int_distribution<int>(61, 400)(rng)
@@ -191,31 +180,29 @@ TEST(RandomKeys, RowsStayListsTheRulesCouldMake) {
             const int slot = s.ActiveSlot;
             s.TrigFromMenu = menuKeys && unit(rng) < 0.3;
             const KeyOutcome outcome{key, s.TrigFromMenu, CanGraph(s), graphs};
-            const std::string before = rows[static_cast<std::size_t>(slot)];
+            const std::string before = rows[slot];
 
             Paper_KeyPress(s, slot, key);
 
             std::string now;
-            ::testing::AssertionResult ok = ReadRow(s, slot, now, false);
+            AssertionResult ok = ReadRow(s, slot, now, false);
             if (ok) ok = CheckKeyOutcome(s, outcome, before, now, graphs);
-            if (ok && s.ActiveSlot != slot) ok = ::testing::AssertionFailure() << "row changed";
+            if (ok && s.ActiveSlot != slot) ok = AssertionFailure() << "row changed";
             for (int other = 0; ok && other < UsableSlots; ++other)
-                if (other != slot &&
-                    s.TokenCount(other) !=
-                        static_cast<int>(rows[static_cast<std::size_t>(other)].size()))
-                    ok = ::testing::AssertionFailure() << "row " << other << " changed";
+                if (other != slot && s.TokenCount(other) != static_cast<int>(rows[other].size()))
+                    ok = AssertionFailure() << "row " << other << " changed";
             if (!ok) {
                 FAIL() << ok.message() << "\n sequence " << seq << ", row " << slot
                        << ", keys: " << Printable(keys) << "\n before \"" << before << "\"";
             }
-            rows[static_cast<std::size_t>(slot)] = now;
+            rows[slot] = now;
         }
         s.TrigFromMenu = false;
         for (int slot = 0; slot < UsableSlots; ++slot) {
             std::string row;
             const auto whole = ReadRow(s, slot, row, true);
             ASSERT_TRUE(whole) << "sequence " << seq << ", row " << slot;
-            ASSERT_EQ(row, rows[static_cast<std::size_t>(slot)]);
+            ASSERT_EQ(row, rows[slot]);
             ASSERT_EQ(EntryText(s, slot), row);
             ASSERT_EQ(GraphableText(s, slot).empty(), row.empty());
             ASSERT_EQ(DisplayText(s, slot).empty(), row.empty());

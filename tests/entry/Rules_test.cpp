@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "entry/EntryTesting.h"
 
 namespace vt {
@@ -10,87 +7,57 @@ namespace vt {
 using test::NewEntrySession;
 using test::TypeFromMenu;
 
-namespace {
-
-struct FollowCase {
-    const char* row;       // typed first; every key of it must be taken
-    const char* takes;     // keys taken after it, each tried on its own
-    const char* refuses;   // keys refused after it
-    bool fromMenu = false; // keys sent as the Insert commands send them: S, C and T pass
-};
-
-} // namespace
-
 TEST(EntryRules, DecideWhatMayFollowTheRow) {
-    const FollowCase cases[] = {
+    // {the row, typed first, every key of it taken; keys taken after it, each tried on its own;
+    // keys refused after it; whether the keys come as the Insert commands send them, S, C and
+    // T passing}
+    // clang-format off
+    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
         // The first key; of the letters only x, X and P are typed, and the masked-off classes
         // and keys of no class are never taken.
-        {"", "xXP5-(.|~", "+*/^)aySCT=,:% !"},
-        {"", "SCT", "", true},
+        {"", "xXP5-(.|~", "+*/^)aySCT=,:% !", false}, {"", "SCT", "", true},
         // Letters and digits: no digit and no x or pi after a letter, except x after pi.
-        {"2", "5xP(.^~+-*/|", ")"},
-        {"x", "^+-*/|(~", "2xP.)"},
-        {"x", "S", "", true},
-        {"P", "x", "P2"},
+        {"2", "5xP(.^~+-*/|", ")", false}, {"x", "^+-*/|(~", "2xP.)", false}, {"x", "S", "", true},
+        {"P", "x", "P2", false},
         // A letter does not stand twice in one product; the row's first cell never counts.
-        {"2TS", "", "T", true},
-        {"TS", "T", "", true},
-        {"2T(x)+S", "T", "", true},
-        {"(x)", "", "S", true},
-        {"S", "", "S", true},
+        {"2TS", "", "T", true}, {"TS", "T", "", true}, {"2T(x)+S", "T", "", true},
+        {"(x)", "", "S", true}, {"S", "", "S", true},
         // After ")" no letter, digit or "("; an exponent is taken.
-        {"(x)", "^+", "x2(.~"},
+        {"(x)", "^+", "x2(.~", false},
         // Parentheses: the first two tokens may always be "(", three stay open at most.
-        {"(", "(-.|~x2", "+*/^)"},
-        {"((", "", "("},
-        {"((x+(x+", "", "("},
-        {"((x+(x)+", "(", ""},
-        {"(x", ")", ""},
-        {"(x+", "", ")"},
-        {"(x^", "", ")"},
+        {"(", "(-.|~x2", "+*/^)", false}, {"((", "", "(", false}, {"((x+(x+", "", "(", false},
+        {"((x+(x)+", "(", "", false}, {"(x", ")", "", false}, {"(x+", "", ")", false},
+        {"(x^", "", ")", false},
         // Bars close at the depth where they opened and do not nest.
-        {"|", ".x2(-~", "|*/^)"},
-        {"|x", "|", ""},
-        {"|(x", ")", "|"},
-        {"(|x", "", ")"},
-        {"|x|", "^*/+(", "|.2"},
-        {"x^(|(x+", "", "("},
-        {"x^|(x+", "(", ""},
+        {"|", ".x2(-~", "|*/^)", false}, {"|x", "|", "", false}, {"|(x", ")", "|", false},
+        {"(|x", "", ")", false}, {"|x|", "^*/+(", "|.2", false}, {"x^(|(x+", "", "(", false},
+        {"x^|(x+", "(", "", false},
         // Exponents: a minus straight after "^" is its sign; no exponent inside an exponent.
-        {"x^", "(-~.2x|", "^+*/)"},
-        {"x^2", "x-+*/", "^"},
-        {"x^-", "2", "+"},
+        {"x^", "(-~.2x|", "^+*/)", false}, {"x^2", "x-+*/", "^", false}, {"x^-", "2", "+", false},
         // The digit check reads the display cell at the builder's index: behind a long number
         // that cell holds a digit, and in an exponent a digit is then refused.
-        {"1234x^", "2", ""},
-        {"12345678901234567890x^", "", "2"},
-        {"12345678901234567890x+", "2", ""},
+        {"1234x^", "2", "", false}, {"12345678901234567890x^", "", "2", false},
+        {"12345678901234567890x+", "2", "", false},
         // Operators never stand side by side; after "(" only a minus, after "~" too.
-        {"x+", "x2.|~(", "-+*/^)"},
-        {"x/", "|", "*"},
-        {"~", "-.2x(", "~+*/)"},
+        {"x+", "x2.|~(", "-+*/^)", false}, {"x/", "|", "*", false}, {"~", "-.2x(", "~+*/)", false},
         // Points: one to a number, and only digits follow one.
-        {".", "5", ".~"},
-        {".5", "", "."},
-        {"2.5", "", "."},
-        {"2.", "5", "^/x+(|).~"},
-    };
-    auto tryKey = [](const FollowCase& c, char key, bool expected) {
-        SCOPED_TRACE(std::string("row \"") + c.row + "\" key '" + key + "'");
-        auto s = NewEntrySession();
-        TypeFromMenu(*s, c.row);
-        ASSERT_EQ(EntryText(*s, 0), c.row) << "the row itself was not taken";
-        s->TrigFromMenu = c.fromMenu;
-        Paper_KeyPress(*s, 0, static_cast<unsigned char>(key));
-        EXPECT_EQ(s->KeyAccepted, expected);
-        const std::string stored(1, key == 'X' ? 'x' : key);
-        EXPECT_EQ(EntryText(*s, 0), expected ? c.row + stored : std::string(c.row));
-    };
-    for (const FollowCase& c : cases) {
-        for (const char* k = c.takes; *k; ++k)
-            tryKey(c, *k, true);
-        for (const char* k = c.refuses; *k; ++k)
-            tryKey(c, *k, false);
+        {".", "5", ".~", false}, {".5", "", ".", false}, {"2.5", "", ".", false},
+        {"2.", "5", "^/x+(|).~", false}};
+    // clang-format on
+    for (const auto& [row, takes, refuses, fromMenu] : cases) {
+        for (const bool taken : {true, false}) {
+            for (const char* key = taken ? takes : refuses; *key; ++key) {
+                SCOPED_TRACE(std::string("row \"") + row + "\" key '" + *key + "'");
+                auto s = NewEntrySession();
+                TypeFromMenu(*s, row);
+                ASSERT_EQ(EntryText(*s, 0), row) << "the row itself was not taken";
+                s->TrigFromMenu = fromMenu;
+                Paper_KeyPress(*s, 0, static_cast<unsigned char>(*key));
+                EXPECT_EQ(s->KeyAccepted, taken);
+                const std::string stored(1, *key == 'X' ? 'x' : *key);
+                EXPECT_EQ(EntryText(*s, 0), taken ? row + stored : std::string(row));
+            }
+        }
     }
 }
 
@@ -102,32 +69,22 @@ TEST(EntryRules, OperatorEndsAnExponentButASignOpensANegativeOne) {
         {"x^2*", false}, {"x^2/", false}, {"x^2-", false}, {"x^(2+", true}, {"x^2x", false},
     };
     for (const auto& [row, inExponent] : cases) {
-        SCOPED_TRACE(row);
         auto s = NewEntrySession();
         TypeFromMenu(*s, row);
         ASSERT_EQ(EntryText(*s, 0), row);
-        EXPECT_EQ(s->InExponent(0), inExponent);
+        EXPECT_EQ(s->InExponent(0), inExponent) << row;
     }
 }
 
 TEST(EntryRules, GroupTokensMergesNumbersAndNumericFractions) {
-    // A token a character; the groups written apart.
+    // A token a character; the groups written apart. A letter on either side of the slash, or
+    // ")" before it, makes three groups; after a power, before "(", and after a fraction, the
+    // slash stands alone.
     const std::pair<const char*, const char*> cases[] = {
-        {"3/4", "3/4"},
-        {"12.5/3", "12.5/3"},
-        {"2+3/4", "2 + 3/4"},
-        {"12x+34", "12 x + 34"},
-        {"1/2x", "1/2 x"},
-        // A letter on either side of the slash, or ")" before it: three groups.
-        {"x/4", "x / 4"},
-        {"3/x", "3 / x"},
-        {"(3)/4", "( 3 ) / 4"},
-        // After a power, before "(", and after a fraction, the slash stands alone.
-        {"x^2/3", "x ^ 2 / 3"},
-        {"3/(x)", "3 / ( x )"},
-        {"3/4/5", "3/4 / 5"},
-        {"", ""},
-    };
+        {"3/4", "3/4"},          {"12.5/3", "12.5/3"},   {"2+3/4", "2 + 3/4"},
+        {"12x+34", "12 x + 34"}, {"1/2x", "1/2 x"},      {"x/4", "x / 4"},
+        {"3/x", "3 / x"},        {"(3)/4", "( 3 ) / 4"}, {"x^2/3", "x ^ 2 / 3"},
+        {"3/(x)", "3 / ( x )"},  {"3/4/5", "3/4 / 5"},   {"", ""}};
     for (const auto& [tokens, groups] : cases) {
         SCOPED_TRACE(tokens);
         auto s = NewEntrySession();
@@ -145,59 +102,32 @@ TEST(EntryRules, GroupTokensMergesNumbersAndNumericFractions) {
     }
 }
 
-TEST(EntryRules, LettersAreCollectedOnceEach) {
-    auto s = NewEntrySession();
-    TypeFromMenu(*s, "xS(x)+P-C(x)");
-    ASSERT_EQ(EntryText(*s, 0), "xS(x)+P-C(x)");
-    CollectLetters(*s);
-    EXPECT_EQ(s->LetterCount, 1);
-    const std::string expected[] = {"", "x", "S", "P", "C", ""};
-    for (int i = 0; i <= 5; ++i)
-        EXPECT_EQ(s->LetterList(i), expected[i]) << "cell " << i;
-    // Looked for up to LetterCount only, so only the first letter is ever found between keys.
-    EXPECT_EQ(LetterPosition(*s, "x"), 1);
-    EXPECT_EQ(LetterPosition(*s, "S"), 0);
-    s->LetterCount = 4;
-    EXPECT_EQ(LetterPosition(*s, "P"), 3);
-    EXPECT_EQ(LetterPosition(*s, "T"), 0);
-}
-
-TEST(KeyMask, ReadsTheMaskTextAsABinaryNumber) {
+TEST(KeyMask, ReadsTheMaskTextAsABinaryNumberAndPassesOnlyTheClassesWithTheirBitOn) {
     // Sixteen characters with a leading "1" read as a negative 16-bit mask.
-    const std::pair<const char*, int> cases[] = {
-        {"00011110111111", 1983},
-        {"", 0},
-        {"1", 1},
-        {"10", 2},
-        {"1x1", 5},
-        {"0", 0},
-        {"11111111", 255},
-        {"0111111111111111", 32767},
-        {"1000000000000000", -32768},
-    };
-    for (const auto& [bits, value] : cases)
+    const std::pair<const char*, int> masks[] = {{"00011110111111", 1983},
+                                                 {"", 0},
+                                                 {"1", 1},
+                                                 {"10", 2},
+                                                 {"1x1", 5},
+                                                 {"0", 0},
+                                                 {"11111111", 255},
+                                                 {"0111111111111111", 32767},
+                                                 {"1000000000000000", -32768}};
+    for (const auto& [bits, value] : masks)
         EXPECT_EQ(BitsToMask(bits), value) << bits;
-}
-
-TEST(KeyMask, KeyClassesPassOnlyWithTheirBitOn) {
-    struct Case {
-        int mask;
-        char key;
-        bool accepted;
-    };
-    const Case cases[] = {
+    // "=" passes the mask with bit 64 on, but no rule takes it.
+    const std::tuple<int, char, bool> keys[] = {
         {1983, '5', true},         {1983 & ~1, '5', false},    {1983 & ~2, '-', false},
         {1983 & ~128, 'x', false}, {1983 & ~1024, '.', false}, {1983 & ~32, '(', false},
         {1983 & ~512, '|', false}, {1983 & ~256, '~', false},  {0, '5', false},
-        {-1, '5', false},          {1983 | 64, '=', false}, // passes the mask, no rule takes it
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string("key '") + c.key + "' mask " + std::to_string(c.mask));
+        {-1, '5', false},          {1983 | 64, '=', false}};
+    for (const auto& [mask, key, accepted] : keys) {
+        SCOPED_TRACE(std::string("key '") + key + "' mask " + std::to_string(mask));
         auto s = NewEntrySession();
-        s->AllowedKeys = c.mask;
-        Paper_KeyPress(*s, 0, static_cast<unsigned char>(c.key));
-        EXPECT_EQ(s->KeyAccepted, c.accepted);
-        EXPECT_EQ(s->TokenCount(0), c.accepted ? 1 : 0);
+        s->AllowedKeys = mask;
+        Paper_KeyPress(*s, 0, static_cast<unsigned char>(key));
+        EXPECT_EQ(s->KeyAccepted, accepted);
+        EXPECT_EQ(s->TokenCount(0), accepted ? 1 : 0);
     }
 }
 

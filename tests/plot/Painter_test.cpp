@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 #include "plot/Painter.h"
 #include "plot/PlotTesting.h"
 #include "plot/View.h"
@@ -8,63 +10,57 @@ namespace vt::test {
 namespace {
 
 TEST(Painter, GridAndAxesByTheViewsSize) {
-    struct Case {
-        View V;
-        bool Hidden;
-        std::size_t GridLines, Axes;
-    };
-    const std::vector<Case> cases = {
+    // {view, grid hidden, grid lines, axes}. -2.6..3.5 by -0.5..1.5 rounds, halves to even, to
+    // -3..4 and 0..2. No grid from a half-width or half-height of 320; just below, one. Statements
+    // that fail are skipped one by one: x bounds beyond a 16-bit whole number fail that loop of
+    // the grid; beyond single precision the x axis fails. The axes are drawn also when 0 is out
+    // of view.
+    const std::tuple<View, bool, std::size_t, std::size_t> cases[] = {
         {{-20, 20, -20, 20}, false, 41 + 41, 2},
-        {{-2.6, 3.5, -0.5, 1.5}, false, 8 + 3, 2}, // -3..4 and 0..2, halves to even
+        {{-2.6, 3.5, -0.5, 1.5}, false, 8 + 3, 2},
         {{-20, 20, -20, 20}, true, 0, 2},
-        {{-320, 320, -1, 1}, false, 0, 2},      // half-width 320
-        {{-1, 1, -10, 630}, false, 0, 2},       // half-height 320
-        {{0, 639.5, -1, 1}, false, 641 + 3, 2}, // just below
-        // Statements that fail are skipped one by one: x bounds beyond a 16-bit whole number
-        // fail that loop of the grid; beyond single precision the x axis fails.
+        {{-320, 320, -1, 1}, false, 0, 2},
+        {{-1, 1, -10, 630}, false, 0, 2},
+        {{0, 639.5, -1, 1}, false, 641 + 3, 2},
         {{100000, 100010, -1, 1}, false, 3, 2},
         {{-1e40, 1e40, -1, 1}, false, 0, 1},
-        {{0, 0, 0, 0}, false, 2, 2},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.V[0] << ".." << c.V[1] << " by " << c.V[2] << ".."
-                                        << c.V[3] << (c.Hidden ? " hidden" : ""));
+        {{0, 0, 0, 0}, false, 2, 2}};
+    for (const auto& [view, hidden, gridLines, axes] : cases) {
+        SCOPED_TRACE(testing::Message() << view[0] << ".." << view[1] << " by " << view[2] << ".."
+                                        << view[3] << (hidden ? " hidden" : ""));
         PlotSession g({"x"});
-        g.SetView(c.V);
-        g.s.HideGridChecked = c.Hidden;
+        g.SetView(view);
+        g.s.HideGridChecked = hidden;
         RedrawGraph(g.s);
-        EXPECT_EQ(g.box.StrokesIn(GridBlue, 1).size(), c.GridLines);
-        EXPECT_EQ(g.box.StrokesIn(0x000000, 2).size(), c.Axes); // also when 0 is out of view
+        EXPECT_EQ(g.box.StrokesIn(GridBlue, 1).size(), gridLines);
+        EXPECT_EQ(g.box.StrokesIn(0x000000, 2).size(), axes);
         EXPECT_EQ(g.s.MousePointer, g.s.DefaultPointer);
     }
 }
 
 TEST(Painter, FiveNumbersAndCrossedQuadrantNumerals) {
     // The recording surface's text is 5.5 pixels a character and 13.75 pixels a line.
-    struct Printed {
-        const char* Text;
-        float X, Y;
-    };
     PlotSession g;
     g.SetView({-10, 30, -4, 8});
     g.s.GraphQuadrantChecked = true;
     RedrawGraph(g.s);
     // Numerals: horizontal place from the y bounds, vertical from the x bounds.
-    const std::vector<Printed> expected = {{"-10 ", -10, 0},
-                                           {" 0 ", 0, 0},
-                                           {" 8 ", 0, 8},
-                                           {"-4 ", 0, -4 + 13.75f * 12 / 400},
-                                           {" 30 ", 30 - 4 * 5.5f * 40 / 400, 0},
-                                           {"I", 4, 15},
-                                           {"II", -2, 15},
-                                           {"III", -2, -5},
-                                           {"IV", 4, -5}};
-    ASSERT_EQ(g.box.Prints.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
+    const std::tuple<const char*, float, float> expected[] = {{"-10 ", -10, 0},
+                                                              {" 0 ", 0, 0},
+                                                              {" 8 ", 0, 8},
+                                                              {"-4 ", 0, -4 + 13.75f * 12 / 400},
+                                                              {" 30 ", 30 - 4 * 5.5f * 40 / 400, 0},
+                                                              {"I", 4, 15},
+                                                              {"II", -2, 15},
+                                                              {"III", -2, -5},
+                                                              {"IV", 4, -5}};
+    ASSERT_EQ(g.box.Prints.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
         const auto& p = g.box.Prints[i];
-        EXPECT_EQ(p.Text, expected[i].Text);
-        EXPECT_NEAR(p.X, expected[i].X, 1e-5) << i;
-        EXPECT_NEAR(p.Y, expected[i].Y, 1e-5) << i;
+        const auto& [text, x, y] = expected[i];
+        EXPECT_EQ(p.Text, text);
+        EXPECT_NEAR(p.X, x, 1e-5) << i;
+        EXPECT_NEAR(p.Y, y, 1e-5) << i;
         EXPECT_EQ(p.FontName, i < 5 ? "MS Sans Serif" : "Courier");
         EXPECT_EQ(p.FontSize, i < 5 ? 8.25f : 16);
     }
@@ -73,40 +69,38 @@ TEST(Painter, FiveNumbersAndCrossedQuadrantNumerals) {
 }
 
 TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
-    struct Case {
-        const char* Keys;
-        double From, To;
-        std::size_t Above, Below; // fills from just above and just below the x axis
-        std::size_t BreakWalls;
-    };
-    const std::vector<Case> cases = {
-        {"x", 2, 3, 19, 0, 0},     // x = 2.05 .. 2.95
-        {"x/100", 2, 3, 0, 0, 0},  // too near the axis: |y| / 40 below 0.01
-        {"1/x", -1, 1, 19, 19, 3}, // none at 0; three walls at the break the first pass found
-        {"x", -40, -30, 0, 0, 0},  // the band is out of view
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.Keys);
-        PlotSession g({c.Keys});
+    // {keys, band, fills from just above and just below the x axis, walls at breaks}: x fills
+    // at 2.05 .. 2.95; x/100 is too near the axis, |y| / 40 below 0.01; 1/x has none at 0 and
+    // three walls at the break the first pass found; a band out of view fills nothing.
+    const std::tuple<const char*, double, double, std::size_t, std::size_t, std::size_t> cases[] = {
+        {"x", 2, 3, 19, 0, 0},
+        {"x/100", 2, 3, 0, 0, 0},
+        {"1/x", -1, 1, 19, 19, 3},
+        {"x", -40, -30, 0, 0, 0}};
+    for (const auto& [keys, from, to, fillsAbove, fillsBelow, breakWalls] : cases) {
+        SCOPED_TRACE(keys);
+        PlotSession g({keys});
         g.s.ShadeOn = true;
-        g.s.ShadeFrom = c.From;
-        g.s.ShadeTo = c.To;
+        g.s.ShadeFrom = from;
+        g.s.ShadeTo = to;
         RedrawGraph(g.s);
         std::size_t above = 0, below = 0;
         for (const auto& f : g.box.Fills)
             (f[1] == 199 ? above : below) += 1;
-        EXPECT_EQ(above, c.Above);
-        EXPECT_EQ(below, c.Below);
-        for (const std::string& fill : g.box.Calls("FloodFill"))
-            EXPECT_NE(fill.find("surface=16777215 fill=14737632 style=0"), std::string::npos);
-        EXPECT_EQ(g.box.StrokesIn(BreakMarkColour, 1).size(), c.BreakWalls);
+        EXPECT_EQ(above, fillsAbove);
+        EXPECT_EQ(below, fillsBelow);
+        for (const std::string& line : g.box.Log)
+            if (line.rfind("FloodFill", 0) == 0) {
+                EXPECT_NE(line.find("surface=16777215 fill=14737632 style=0"), std::string::npos);
+            }
+        EXPECT_EQ(g.box.StrokesIn(BreakMarkColour, 1).size(), breakWalls);
         // The band's frame in the shade colour, erased in white.
         EXPECT_EQ(g.box.StrokesIn(ShadeGrey, 1).size(), 4u);
         EXPECT_EQ(g.box.StrokesIn(0xFFFFFF, 1).size(), 4u);
         // Two passes: the numbers twice, and the list holds the second pass's items, whose keys
         // go on from the first.
         EXPECT_EQ(g.box.Prints.size(), 10u);
-        if (c.Keys == std::string("x")) {
+        if (keys == std::string("x")) {
             EXPECT_EQ(g.s.ListView1.front().Key, 41);
         }
         EXPECT_EQ(g.s.BreakCount, 0); // erased at the end

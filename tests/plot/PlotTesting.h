@@ -1,6 +1,6 @@
 #pragma once
 // What the plot tests share: a recording graph box that also keeps its lines and fills as
-// numbers, and a session with functions typed into its rows.
+// numbers, and a session with functions typed into its rows and a scripted host.
 
 #include <array>
 #include <functional>
@@ -10,6 +10,7 @@
 #include "entry/Entry.h"
 #include "session/Session.h"
 #include "support/RecordingSurface.h"
+#include "support/ScriptedPlatform.h"
 
 namespace vt::test {
 
@@ -58,16 +59,20 @@ class PlotSurface : public RecordingSurface {
 };
 
 using View = std::array<double, 4>; // x min, x max, y min, y max
+using Texts = std::vector<std::string>;
 
 struct PlotSession {
     Session s;
     PlotSurface box;
+    ScriptedPlatform host;
 
+    // The rows in order; an empty text leaves its row untouched.
     explicit PlotSession(std::vector<std::string> rows = {}) {
         s.frmGraph = &box;
+        s.Host = &host;
         SetKeyMask(s);
         for (std::size_t i = 0; i < rows.size(); ++i)
-            Type(static_cast<int>(i), rows[i]);
+            if (!rows[i].empty()) Type(static_cast<int>(i), rows[i]);
     }
     // Types a function into a row as a file load does.
     void Type(int slot, const std::string& keys) { ReplaySlotKeys(s, slot, keys); }

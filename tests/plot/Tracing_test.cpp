@@ -8,24 +8,23 @@
 #include "plot/PlotTesting.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "support/ScriptedPlatform.h"
 
 namespace vt::test {
 namespace {
 
 using Stroke = PlotSurface::Stroke;
+using Segment = std::array<double, 4>;
 
 // Traces the rows as the paint does, without the painter around it, so that the break list is
 // still there afterwards.
-PaintRun Trace(PlotSession& g, PaintRun run = {}) {
+void Trace(PlotSession& g, PaintRun run = {}) {
     PreCalcFX(g.s);
     ApplyView(g.s);
     g.box.ForeColor = Red;
     TraceSlots(g.s, g.box, run);
-    return run;
 }
 
-bool HasStroke(const PlotSession& g, std::array<double, 4> l) {
+bool HasStroke(const PlotSession& g, Segment l) {
     for (const Stroke& k : g.box.StrokesIn(Red, 3))
         if (std::fabs(k.X1 - l[0]) + std::fabs(k.Y1 - l[1]) + std::fabs(k.X2 - l[2]) +
                 std::fabs(k.Y2 - l[3]) <
@@ -35,52 +34,46 @@ bool HasStroke(const PlotSession& g, std::array<double, 4> l) {
 }
 
 TEST(Tracing, BreaksPolesAndGapsAtTheDefaultView) {
+    // What no curve segment may be like.
+    using Rule = std::function<bool(const Stroke&)>;
     const auto spans = [](double x) {
-        return
-            [x](const Stroke& k) { return std::min(k.X1, k.X2) < x && std::max(k.X1, k.X2) > x; };
+        return Rule(
+            [x](const Stroke& k) { return std::min(k.X1, k.X2) < x && std::max(k.X1, k.X2) > x; });
     };
-    struct Case {
-        const char* Keys;
-        int Breaks;
-        double FirstBreak;
-        std::vector<std::array<double, 4>> Drawn;     // segments that must be there
-        std::function<bool(const Stroke&)> Forbidden; // no curve segment may be like this
-    };
-    const std::vector<Case> cases = {
-        // the left side down to the bottom at -0.05, the right side up to the top one step after
-        // its first sample in view; the two are not joined
+    const Rule none = [](const Stroke&) { return false; };
+    const Rule leftOfZero = [](const Stroke& k) { return k.X1 < -1e-9; };
+    const Rule leap = [](const Stroke& k) { return k.Y1 > 5 && k.Y2 < -5; };
+    const Rule pastTheTop = [](const Stroke& k) { return k.X1 > 4.49; };
+    // {keys, breaks, the first break's x, segments that must be drawn, the rule}, row by row:
+    // 1/x goes down to the bottom at -0.05 on the left, and on the right up to the top one step
+    // after its first sample in view, the two not joined; a hole of two steps with no legs; no
+    // value left of 0, where only the last failing sample, next to a value, records a break;
+    // 300x sampled at x = 0, so the steep crossing is drawn and nothing breaks; twelve poles of
+    // the tangent in view, each leap from beyond 5 to beyond -5 dropped; leaving the top, the
+    // segment to the first sample outside is drawn, no later one.
+    const std::tuple<const char*, int, double, std::vector<Segment>, Rule> cases[] = {
         {"1/x",
          1,
          0,
          {{-0.05, -20, -0.05, -20}, {0.1, 10, 0.1, 20}, {0.05, 20, 0.1, 10}},
          spans(0)},
-        // a hole of two steps, no legs
         {"(x^2-1)/(x-1)", 1, 1, {{0.9, 1.9, 0.95, 1.95}, {1.05, 2.05, 1.1, 2.1}}, spans(1)},
-        // no value left of 0: only the last failing sample, next to a value, records a break
-        {"~x",
-         1,
-         -0.05,
-         {{0, 0, 0.05, std::sqrt(0.05)}},
-         [](const Stroke& k) { return k.X1 < -1e-9; }},
-        // sampled at x = 0, so the steep crossing is drawn and nothing breaks
-        {"300x", 0, 0, {{-0.05, -15, 0, 0}, {0, 0, 0.05, 15}}, [](const Stroke&) { return false; }},
-        // twelve poles in view; each leap from beyond 5 to beyond -5 is dropped
-        {"T(x)", 12, -17.25, {}, [](const Stroke& k) { return k.Y1 > 5 && k.Y2 < -5; }},
-        // leaving the top: the segment to the first sample outside is drawn, no later one
-        {"x^2", 0, 0, {{4.45, 19.8025, 4.5, 20.25}}, [](const Stroke& k) { return k.X1 > 4.49; }},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.Keys);
-        PlotSession g({c.Keys});
+        {"~x", 1, -0.05, {{0, 0, 0.05, std::sqrt(0.05)}}, leftOfZero},
+        {"300x", 0, 0, {{-0.05, -15, 0, 0}, {0, 0, 0.05, 15}}, none},
+        {"T(x)", 12, -17.25, {}, leap},
+        {"x^2", 0, 0, {{4.45, 19.8025, 4.5, 20.25}}, pastTheTop}};
+    for (const auto& [keys, breaks, firstBreak, drawn, forbidden] : cases) {
+        SCOPED_TRACE(keys);
+        PlotSession g({keys});
         Trace(g);
-        ASSERT_EQ(g.s.BreakCount, c.Breaks);
-        if (c.Breaks) {
-            EXPECT_NEAR(g.s.BreakX(0), c.FirstBreak, 1e-9);
+        ASSERT_EQ(g.s.BreakCount, breaks);
+        if (breaks) {
+            EXPECT_NEAR(g.s.BreakX(0), firstBreak, 1e-9);
         }
-        for (const auto& d : c.Drawn)
+        for (const auto& d : drawn)
             EXPECT_TRUE(HasStroke(g, d)) << d[0] << "," << d[1];
         for (const Stroke& k : g.box.StrokesIn(Red, 3))
-            EXPECT_FALSE(c.Forbidden(k)) << k.X1 << "," << k.Y1 << "-" << k.X2 << "," << k.Y2;
+            EXPECT_FALSE(forbidden(k)) << k.X1 << "," << k.Y1 << "-" << k.X2 << "," << k.Y2;
         EXPECT_TRUE(g.s.CurveDrawn);
     }
 }
@@ -133,35 +126,27 @@ TEST(Tracing, TextAndCompiledValuesPaintTheSamePicture) {
 }
 
 TEST(AutoGraph, DoublesTheViewUntilACurveShows) {
-    struct Case {
-        const char* Keys;
-        bool Dragged;
-        double Bound; // the view afterwards is -Bound..Bound
-        int Paints;
-        bool Message;
-    };
-    for (const Case& c : std::vector<Case>{
-             {"x", false, 20, 1, false},
-             // visible from a half-width of 500: five doublings, each try painting twice
-             {"x+1000", false, 640, 10, false},
-             // never: fourteen tries, the last zoom refused; then Reset and one more redraw
-             {"x-1000000", false, 20, 14 + 13 + 2, true},
-             {"x-1000000", true, 20, 0, false},
-             {"", false, 20, 0, false},
-         }) {
-        SCOPED_TRACE(c.Keys);
-        PlotSession g({c.Keys});
-        ScriptedPlatform platform;
-        g.s.Host = &platform;
-        g.s.ViewDragged = c.Dragged;
+    // {keys, view dragged, the view afterwards as -bound..bound, paints, message}. x + 1000
+    // shows from a half-width of 500: five doublings, each try painting twice. x - 1000000
+    // never does: fourteen tries, the last zoom refused; then Reset and one more redraw.
+    // clang-format off
+    const std::tuple<const char*, bool, double, int, bool> cases[] = {
+        {"x", false, 20, 1, false}, {"x+1000", false, 640, 10, false},
+        {"x-1000000", false, 20, 14 + 13 + 2, true}, {"x-1000000", true, 20, 0, false},
+        {"", false, 20, 0, false}};
+    // clang-format on
+    for (const auto& [keys, dragged, bound, paints, message] : cases) {
+        SCOPED_TRACE(keys);
+        PlotSession g({keys});
+        g.s.ViewDragged = dragged;
         AutoGraph(g.s);
-        EXPECT_EQ(g.ViewNow(), (View{-c.Bound, c.Bound, -c.Bound, c.Bound}));
-        EXPECT_EQ(g.box.Clears, c.Paints);
-        ASSERT_EQ(platform.Calls.size(), c.Message ? 1u : 0u);
-        if (c.Message) {
-            EXPECT_EQ(platform.Calls[0].Text,
+        EXPECT_EQ(g.ViewNow(), (View{-bound, bound, -bound, bound}));
+        EXPECT_EQ(g.box.Clears, paints);
+        ASSERT_EQ(g.host.Calls.size(), message ? 1u : 0u);
+        if (message) {
+            EXPECT_EQ(g.host.Calls[0].Text,
                       "The function could not be graphed within the maximum limits.");
-            EXPECT_EQ(platform.Calls[0].Style, MsgOkOnly);
+            EXPECT_EQ(g.host.Calls[0].Style, MsgOkOnly);
         }
     }
 }

@@ -8,26 +8,24 @@ namespace vt::test {
 namespace {
 
 TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
-    struct Case {
-        View Start;
-        bool In;
-        View End; // unchanged: refused, and nothing is painted
-    };
-    const std::vector<Case> cases = {
+    // {view, zoom in, view after; unchanged: refused, and nothing is painted}. The x bounds
+    // summing to 1 refuse; a view away from 0 moves towards it; y plays no part.
+    // clang-format off
+    const std::tuple<View, bool, View> cases[] = {
         {{-1, 1, -1, 1}, true, {-0.5, 0.5, -0.5, 0.5}},
-        {{-0.5, 0.5, -0.5, 0.5}, true, {-0.5, 0.5, -0.5, 0.5}}, // sum 1
-        {{10, 30, -20, 20}, true, {5, 15, -10, 10}},            // moves towards 0
-        {{-20, 20, -0.5, 0.5}, true, {-10, 10, -0.25, 0.25}},   // y plays no part
+        {{-0.5, 0.5, -0.5, 0.5}, true, {-0.5, 0.5, -0.5, 0.5}},
+        {{10, 30, -20, 20}, true, {5, 15, -10, 10}},
+        {{-20, 20, -0.5, 0.5}, true, {-10, 10, -0.25, 0.25}},
         {{-81920, 81920, -20, 20}, false, {-163840, 163840, -40, 40}},
-        {{-163840, 163840, -1, 1}, false, {-163840, 163840, -1, 1}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.Start[0] << (c.In ? " in" : " out"));
+        {{-163840, 163840, -1, 1}, false, {-163840, 163840, -1, 1}}};
+    // clang-format on
+    for (const auto& [start, in, end] : cases) {
+        SCOPED_TRACE(testing::Message() << start[0] << (in ? " in" : " out"));
         PlotSession g;
-        g.SetView(c.Start);
-        c.In ? ZoomIn(g.s) : ZoomOut(g.s);
-        EXPECT_EQ(g.ViewNow(), c.End);
-        EXPECT_EQ(g.box.Clears, c.End == c.Start ? 0 : 1);
+        g.SetView(start);
+        in ? ZoomIn(g.s) : ZoomOut(g.s);
+        EXPECT_EQ(g.ViewNow(), end);
+        EXPECT_EQ(g.box.Clears, end == start ? 0 : 1);
     }
 }
 
@@ -75,47 +73,42 @@ TEST(View, ApplyViewSetsScaleStepAndTheListsPlace) {
 }
 
 TEST(View, DragSelectsAWholeNumberView) {
-    struct Case {
-        float X0, Y0, X1, Y1;
-        View End;
-    };
+    // {press, release, view after}: either direction; halves to even; 1 wide after rounding
+    // is no selection, nor is no move.
     const View start{-20, 20, -20, 20};
-    const std::vector<Case> cases = {
-        {2.4f, 3.6f, 7.7f, -5.2f, {2, 8, -5, 4}},
-        {7.7f, -5.2f, 2.4f, 3.6f, {2, 8, -5, 4}}, // either direction
-        {2.5f, 0.5f, 4.5f, 3.5f, {2, 4, 0, 4}},   // halves to even
-        {1.2f, 1.2f, 2.4f, 9.0f, start},          // 1 wide after rounding: no selection
-        {1.2f, 1.2f, 1.2f, 1.2f, start},          // no move
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.X0 << "," << c.Y0 << " to " << c.X1 << "," << c.Y1);
+    // clang-format off
+    const std::tuple<float, float, float, float, View> cases[] = {
+        {2.4f, 3.6f, 7.7f, -5.2f, {2, 8, -5, 4}}, {7.7f, -5.2f, 2.4f, 3.6f, {2, 8, -5, 4}},
+        {2.5f, 0.5f, 4.5f, 3.5f, {2, 4, 0, 4}}, {1.2f, 1.2f, 2.4f, 9.0f, start},
+        {1.2f, 1.2f, 1.2f, 1.2f, start}};
+    // clang-format on
+    for (const auto& [x0, y0, x1, y1, end] : cases) {
+        SCOPED_TRACE(testing::Message() << x0 << "," << y0 << " to " << x1 << "," << y1);
         PlotSession g;
-        EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, c.X0, c.Y0), GraphMouseAction::None);
-        frmGraph_MouseMove(g.s, LeftButton, 0, c.X1, c.Y1);
+        EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, x0, y0), GraphMouseAction::None);
+        frmGraph_MouseMove(g.s, LeftButton, 0, x1, y1);
         // The old box again to erase it, then the new one, both exclusive-or.
         ASSERT_EQ(g.box.Strokes.size(), 2u);
         EXPECT_TRUE(g.box.Strokes[1].Box && g.box.Strokes[1].Mode == DrawXorPen);
-        EXPECT_EQ(g.box.Strokes[1].X2, c.X1);
-        frmGraph_MouseUp(g.s, LeftButton, 0, c.X1, c.Y1);
+        EXPECT_EQ(g.box.Strokes[1].X2, x1);
+        frmGraph_MouseUp(g.s, LeftButton, 0, x1, y1);
         EXPECT_EQ(g.box.DrawMode, DrawCopyPen);
-        EXPECT_EQ(g.s.ViewDragged, c.End != start);
-        EXPECT_EQ(g.ViewNow(), c.End);
+        EXPECT_EQ(g.s.ViewDragged, end != start);
+        EXPECT_EQ(g.ViewNow(), end);
         EXPECT_EQ(g.box.Clears, 1); // repainted either way
     }
 }
 
 TEST(View, ReadoutRoundsHalfToEven) {
-    struct Case {
-        float X, Y;
-        int Digits;
-        const char* Text;
-    };
-    for (const Case& c : std::vector<Case>{{2.5f, -3.5f, 0, "x = 2    y = -4"},
-                                           {-0.25f, 12.75f, 1, "x = -0.2    y = 12.8"},
-                                           {-0.3f, 0.4f, 0, "x = 0    y = 0"}}) {
+    // clang-format off
+    const std::tuple<float, float, int, const char*> cases[] = {
+        {2.5f, -3.5f, 0, "x = 2    y = -4"}, {-0.25f, 12.75f, 1, "x = -0.2    y = 12.8"},
+        {-0.3f, 0.4f, 0, "x = 0    y = 0"}};
+    // clang-format on
+    for (const auto& [x, y, digits, text] : cases) {
         PlotSession g;
-        g.s.RoundDigits = c.Digits;
-        EXPECT_EQ(frmGraph_MouseMove(g.s, 0, 0, c.X, c.Y), c.Text);
+        g.s.RoundDigits = digits;
+        EXPECT_EQ(frmGraph_MouseMove(g.s, 0, 0, x, y), text);
     }
 }
 

@@ -5,10 +5,6 @@
 
 #include <algorithm>
 #include <set>
-#include <string>
-#include <tuple>
-#include <utility>
-#include <vector>
 
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
@@ -63,12 +59,12 @@ TEST(BundledFonts, StandForTheFacesTheProgramNames) {
     vt::test::QtApp();
     LoadBundledFonts();
     // {face as the program names it, bold, the bundled family that must draw it}
+    // clang-format off
     const std::tuple<const char*, bool, const char*> cases[] = {
-        {"OrlentisFont", false, "OrlentisFont"},
-        {"ms sans serif", false, "Veritrace Sans"},
-        {"Courier", true, "Veritrace Mono"},
-        {"Courier", false, "Veritrace Mono"},
+        {"OrlentisFont", false, "OrlentisFont"}, {"ms sans serif", false, "Veritrace Sans"},
+        {"Courier", true, "Veritrace Mono"}, {"Courier", false, "Veritrace Mono"},
         {"Book Antiqua", false, "Veritrace Serif"}};
+    // clang-format on
     for (auto [name, bold, family] : cases) {
         EXPECT_TRUE(QFontDatabase::families().contains(QString::fromLatin1(family)));
         const QFontInfo info(FontFor(name, 12, bold));
@@ -101,20 +97,18 @@ TEST(OrlentisFont, PiecesJoinAtTheTypesettersOffsets) {
     EXPECT_TRUE(OnePiece(PrintOnRow({{"_", 36, -7}, {"_", 44, -7}, {"~", 28, 9}})));
     const Ink tall = PrintOnRow({{"_", 36, -14}, {"_", 44, -14}, {"&", 32, 2}, {"~", 28, 18}});
     EXPECT_TRUE(OnePiece(tall));
-    int top = 41, bottom = 0;
-    for (auto [x, y] : tall)
-        top = std::min(top, y), bottom = std::max(bottom, y);
-    EXPECT_LE(top, 6);
-    EXPECT_GE(bottom, 11 + 19); // down to the text line under the fraction
+    const auto [top, bottom] = std::minmax_element(
+        tall.begin(), tall.end(), [](auto a, auto b) { return a.second < b.second; });
+    EXPECT_LE(top->second, 6);
+    EXPECT_GE(bottom->second, 11 + 19); // down to the text line under the fraction
 
     // At 12 pt a space is 5 px: the typesetter pads a fraction's narrower side with one space
     // for each 10 px of difference, so half of it stands on either side.
     RasterSurface row(289, 41);
     row.FontName = "OrlentisFont";
     row.FontSize = 12;
-    EXPECT_EQ(row.TextWidth(" "), 5.0f);
-    EXPECT_EQ(row.TextWidth("_"), 8.0f);
-    EXPECT_EQ(row.TextWidth("&"), 10.0f);
+    EXPECT_EQ(std::tuple(row.TextWidth(" "), row.TextWidth("_"), row.TextWidth("&")),
+              std::tuple(5.0f, 8.0f, 10.0f));
 }
 
 } // namespace vt::render

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <functional>
 #include <set>
-#include <tuple>
-#include <utility>
 
 #include "render/RasterSurface.h"
 #include "support/QtApp.h"
@@ -26,6 +25,13 @@ void SetScale(Surface& s, float left = -20, float top = 20, float width = 40, fl
     s.ScaleHeight = height;
 }
 
+// Flood fills in red from a pixel over the white region around it.
+void FillFrom(RasterSurface& s, int x, int y, int style = FillSolid) {
+    s.FillColor = Red;
+    s.FillStyle = style;
+    s.ExtFloodFill(x, y, White);
+}
+
 std::set<std::pair<int, int>> PixelsOf(const RasterSurface& s, Colour colour) {
     std::set<std::pair<int, int>> out;
     const PixelImage image = s.Image();
@@ -38,31 +44,31 @@ std::set<std::pair<int, int>> PixelsOf(const RasterSurface& s, Colour colour) {
 } // namespace
 
 TEST(RasterSurfaceScale, MapsUserPointsToPixels) {
-    struct Case {
-        float left, top, width, height, x, y;
-        long long column, row;
-    };
-    const Case cases[] = {
-        {-20, 20, 40, -40, 0, 0, 200, 200},          {-20, 20, 40, -40, -20, 20, 0, 0},
-        {-20, 20, 40, -40, 20, -20, 400, 400},       {-20, 20, 40, -40, 0.05f, -0.05f, 201, 201},
-        {-20, 20, 40, -40, -0.06f, 0.06f, 199, 199}, {0, 0, 400, 400, 10, 3.8f, 10, 4},
-        {0, 0, 6000, 6000, 150, 3000, 10, 200}, // twips
-    };
-    for (const Case& c : cases) {
+    // {scale left, top, width, height; a point; its pixel}; the last in twips.
+    // clang-format off
+    using Pixel = std::pair<long long, long long>;
+    const std::tuple<std::array<float, 4>, float, float, Pixel> cases[] = {
+        {{-20, 20, 40, -40}, 0, 0, {200, 200}}, {{-20, 20, 40, -40}, -20, 20, {0, 0}},
+        {{-20, 20, 40, -40}, 20, -20, {400, 400}}, {{-20, 20, 40, -40}, 0.05f, -0.05f, {201, 201}},
+        {{-20, 20, 40, -40}, -0.06f, 0.06f, {199, 199}}, {{0, 0, 400, 400}, 10, 3.8f, {10, 4}},
+        {{0, 0, 6000, 6000}, 150, 3000, {10, 200}}};
+    // clang-format on
+    for (const auto& [scale, x, y, pixel] : cases) {
         RasterSurface s(400, 400);
-        SetScale(s, c.left, c.top, c.width, c.height);
+        SetScale(s, scale[0], scale[1], scale[2], scale[3]);
         long long column = -1, row = -1;
-        ASSERT_TRUE(s.PixelOf(c.x, c.y, column, row));
-        EXPECT_EQ(std::pair(column, row), std::pair(c.column, c.row)) << c.x << "," << c.y;
+        ASSERT_TRUE(s.PixelOf(x, y, column, row));
+        EXPECT_EQ(std::pair(column, row), pixel) << x << "," << y;
     }
 }
 
 TEST(RasterSurfaceLine, GraphAxesLandOnTheOriginPixels) {
     // {pen width, vertical, the columns (rows) it covers}
-    const std::tuple<int, bool, std::set<int>> cases[] = {{1, true, {200}},
-                                                          {2, true, {199, 200}},
-                                                          {3, true, {199, 200, 201}},
-                                                          {2, false, {199, 200}}};
+    // clang-format off
+    const std::tuple<int, bool, std::set<int>> cases[] = {
+        {1, true, {200}}, {2, true, {199, 200}}, {3, true, {199, 200, 201}},
+        {2, false, {199, 200}}};
+    // clang-format on
     for (const auto& [width, vertical, across] : cases) {
         RasterSurface s(400, 400);
         SetScale(s);
@@ -112,8 +118,7 @@ TEST(RasterSurfaceXor, DrawingTwiceRestoresTheImage) {
          }},
         {"filled circle",
          [](RasterSurface& s) { s.FillStyle = FillSolid, s.Circle(2, 3, 6, Red); }},
-        {"LineColour", [](RasterSurface& s) { s.LineColour(-20, 20, 20, -20, 0x123456); }},
-    };
+        {"LineColour", [](RasterSurface& s) { s.LineColour(-20, 20, 20, -20, 0x123456); }}};
     for (const auto& [what, draw] : cases) {
         RasterSurface s(400, 400);
         SetScale(s);
@@ -141,18 +146,16 @@ TEST(RasterSurfaceXor, DrawingTwiceRestoresTheImage) {
 
 TEST(RasterSurfaceFloodFill, FillsExactlyTheConnectedRegionOfOneColour) {
     // {wall colour, start x, start y, pixels filled}; the box's inside is 9 by 14 pixels.
-    const std::tuple<Colour, int, int, std::size_t> cases[] = {{0xFFFFFE, 15, 15, 9u * 14},
-                                                               {Black, 15, 15, 9u * 14},
-                                                               {0xFEFFFF, 15, 15, 9u * 14},
-                                                               {Black, 10, 10, 0},
-                                                               {Black, -1, 15, 0}};
+    // clang-format off
+    const std::tuple<Colour, int, int, std::size_t> cases[] = {
+        {0xFFFFFE, 15, 15, 9u * 14}, {Black, 15, 15, 9u * 14}, {0xFEFFFF, 15, 15, 9u * 14},
+        {Black, 10, 10, 0}, {Black, -1, 15, 0}};
+    // clang-format on
     for (auto [wall, x, y, count] : cases) {
         RasterSurface s(40, 40);
         s.ForeColor = wall;
         s.Line(10, 10, 20, 25, true);
-        s.FillColor = Red;
-        s.FillStyle = FillSolid;
-        s.ExtFloodFill(x, y, White);
+        FillFrom(s, x, y);
         const auto filled = PixelsOf(s, Red);
         EXPECT_EQ(filled.size(), count) << std::hex << wall << " " << x << "," << y;
         for (auto [fx, fy] : filled)
@@ -161,9 +164,7 @@ TEST(RasterSurfaceFloodFill, FillsExactlyTheConnectedRegionOfOneColour) {
     // A diagonal wall holds: regions are 4-connected. The corner above it has 9 + 8 + ... + 1.
     RasterSurface s(40, 40);
     s.Line(30, 0, 40, 10);
-    s.FillColor = Red;
-    s.FillStyle = FillSolid;
-    s.ExtFloodFill(39, 0, White);
+    FillFrom(s, 39, 0);
     EXPECT_EQ(PixelsOf(s, Red).size(), 45u);
 }
 
@@ -176,9 +177,7 @@ TEST(RasterSurfaceFloodFill, HatchStylesDrawTheirPatternsAlignedToTheImage) {
         {FillCross, 15, 0, 0},          {FillDiagonalCross, 14, 0, 0}};
     for (auto [style, perTile, stepX, stepY] : cases) {
         RasterSurface s(32, 32);
-        s.FillColor = Red;
-        s.FillStyle = style;
-        s.ExtFloodFill(5, 7, White);
+        FillFrom(s, 5, 7, style);
         const auto hatch = PixelsOf(s, Red);
         EXPECT_EQ(hatch.size(), perTile * 16) << "style " << style;
         EXPECT_EQ(PixelsOf(s, White).size(), 32u * 32 - hatch.size()) << "gaps keep their colour";
@@ -191,9 +190,7 @@ TEST(RasterSurfaceFloodFill, HatchStylesDrawTheirPatternsAlignedToTheImage) {
         // A smaller region started elsewhere gets its lines where the whole image has them.
         RasterSurface part(32, 32);
         part.Line(9, 3, 22, 27, true);
-        part.FillColor = Red;
-        part.FillStyle = style;
-        part.ExtFloodFill(15, 15, White);
+        FillFrom(part, 15, 15, style);
         for (auto pixel : PixelsOf(part, Red))
             EXPECT_EQ(hatch.count(pixel), 1u);
     }
@@ -202,11 +199,11 @@ TEST(RasterSurfaceFloodFill, HatchStylesDrawTheirPatternsAlignedToTheImage) {
 TEST(RasterSurfaceText, PrintMovesThePenAndMeasuresFollowTheScaleSign) {
     vt::test::QtApp();
     // {scale left, top, width, height, keep the line}; the pen starts at pixel 50, 25.
-    const std::tuple<float, float, float, float, bool> cases[] = {{0, 0, 200, 100, true},
-                                                                  {0, 0, 200, 100, false},
-                                                                  {-20, 20, 40, -40, false},
-                                                                  {-20, 20, 40, -40, true},
-                                                                  {10, 0, -20, 10, true}};
+    // clang-format off
+    const std::tuple<float, float, float, float, bool> cases[] = {
+        {0, 0, 200, 100, true}, {0, 0, 200, 100, false}, {-20, 20, 40, -40, false},
+        {-20, 20, 40, -40, true}, {10, 0, -20, 10, true}};
+    // clang-format on
     for (auto [left, top, width, height, keepLine] : cases) {
         RasterSurface s(200, 100);
         SetScale(s, left, top, width, height);

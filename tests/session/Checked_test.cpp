@@ -17,17 +17,4 @@ TEST(CheckedArrays, BoundsAreThoseDeclared) {
     EXPECT_THROW(s.ScriptText(5), SubscriptError);
 }
 
-TEST(SessionDefaults, StartAsTheProgramStarts) {
-    Session s;
-    EXPECT_EQ(s.ViewXMin, -20);
-    EXPECT_EQ(s.ViewYMax, 20);
-    EXPECT_EQ(s.GridColor, "16766596");
-    EXPECT_EQ(s.ShadeColor, "14737632");
-    EXPECT_TRUE(s.CurveColor.empty());
-    EXPECT_EQ(s.Slider1, 3);
-    EXPECT_EQ(s.Picture1(0), 0x0000FFu);
-    EXPECT_EQ(s.Picture1(4), 0x0080FFu);
-    EXPECT_EQ(s.Picture1(6), 0xFF0000u);
-}
-
 } // namespace vt

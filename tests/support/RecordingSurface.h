@@ -4,7 +4,6 @@
 // 0.5 * FontSize points wide and the line is FontSize * 1.25 points high, at 96 dots per inch,
 // converted into the user scale.
 
-#include <cmath>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -14,7 +13,7 @@
 namespace vt::test {
 
 class RecordingSurface : public Surface {
-public:
+  public:
     RecordingSurface(int pixelWidth, int pixelHeight) : width_(pixelWidth), height_(pixelHeight) {
         ScaleWidth = static_cast<float>(pixelWidth);
         ScaleHeight = static_cast<float>(pixelHeight);
@@ -26,8 +25,7 @@ public:
     // than the six digits of the log.
     struct Printed {
         std::string Text;
-        float X = 0;
-        float Y = 0;
+        float X = 0, Y = 0;
         std::string FontName;
         float FontSize = 0;
         Colour ForeColor = 0;
@@ -38,23 +36,13 @@ public:
     int PixelWidth() const override { return width_; }
     int PixelHeight() const override { return height_; }
 
-    void Cls() override {
-        Log.push_back("Cls");
-        CurrentX = ScaleLeft;
-        CurrentY = ScaleTop;
-    }
+    void Cls() override { Restart("Cls"); }
+    void NewPage() override { Restart("NewPage"); }
     void Line(float x1, float y1, float x2, float y2, bool box, bool boxFilled) override {
-        Log.push_back(Format("Line %g,%g-%g,%g%s color=%u width=%d mode=%d", x1, y1, x2, y2,
-                             box ? (boxFilled ? " BF" : " B") : "", ForeColor, DrawWidth,
-                             DrawMode));
-        CurrentX = x2;
-        CurrentY = y2;
+        LineTo(x1, y1, x2, y2, box ? (boxFilled ? " BF" : " B") : "", ForeColor);
     }
     void LineColour(float x1, float y1, float x2, float y2, Colour colour) override {
-        Log.push_back(Format("Line %g,%g-%g,%g color=%u width=%d mode=%d", x1, y1, x2, y2,
-                             colour, DrawWidth, DrawMode));
-        CurrentX = x2;
-        CurrentY = y2;
+        LineTo(x1, y1, x2, y2, "", colour);
     }
     void Circle(float x, float y, float radius, Colour colour) override {
         Log.push_back(Format("Circle %g,%g r=%g color=%u fill=%u style=%d", x, y, radius, colour,
@@ -75,12 +63,11 @@ public:
         }
     }
     float TextWidth(const std::string& text) override {
-        const float px = static_cast<float>(text.size()) * FontSize * 0.5f * 96.0f / 72.0f;
-        return px * ScaleWidth / static_cast<float>(width_);
+        return static_cast<float>(text.size()) * FontSize * 0.5f * 96.0f / 72.0f * ScaleWidth /
+               static_cast<float>(width_);
     }
     float TextHeight(const std::string&) override {
-        const float px = FontSize * 1.25f * 96.0f / 72.0f;
-        return px * ScaleHeight / static_cast<float>(height_);
+        return FontSize * 1.25f * 96.0f / 72.0f * ScaleHeight / static_cast<float>(height_);
     }
     void PaintPicture(const PixelImage& picture, float x, float y, float w, float h) override {
         Log.push_back(Format("PaintPicture %dx%d at %g,%g size %g,%g", picture.Width,
@@ -90,11 +77,6 @@ public:
         Log.push_back(Format("FloodFill %d,%d surface=%u fill=%u style=%d", px, py, colour,
                              FillColor, FillStyle));
     }
-    void NewPage() override {
-        Log.push_back("NewPage");
-        CurrentX = ScaleLeft;
-        CurrentY = ScaleTop;
-    }
     PixelImage Image() const override {
         PixelImage image;
         image.Width = width_;
@@ -103,20 +85,22 @@ public:
         return image;
     }
 
-    // The recorded lines that start with a prefix ("Line", "Print", ...).
-    std::vector<std::string> Calls(const std::string& prefix) const {
-        std::vector<std::string> out;
-        for (const auto& line : Log)
-            if (line.rfind(prefix, 0) == 0) out.push_back(line);
-        return out;
-    }
-
-private:
-    template <class... Args>
-    static std::string Format(const char* format, Args... args) {
+  private:
+    template <class... Args> static std::string Format(const char* format, Args... args) {
         char buffer[512];
         std::snprintf(buffer, sizeof buffer, format, args...);
         return buffer;
+    }
+    void Restart(const char* what) {
+        Log.push_back(what);
+        CurrentX = ScaleLeft;
+        CurrentY = ScaleTop;
+    }
+    void LineTo(float x1, float y1, float x2, float y2, const char* box, Colour colour) {
+        Log.push_back(Format("Line %g,%g-%g,%g%s color=%u width=%d mode=%d", x1, y1, x2, y2, box,
+                             colour, DrawWidth, DrawMode));
+        CurrentX = x2;
+        CurrentY = y2;
     }
 
     int width_;
