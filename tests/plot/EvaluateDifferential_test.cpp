@@ -28,6 +28,8 @@ int Pick(std::mt19937_64& rng, int n) {
     return static_cast<int>(rng() % static_cast<unsigned>(n));
 }
 
+// One line a choice in the random makers:
+// clang-format off
 // Texts of the shapes the expression builder makes, now and then spoilt by a stray character so
 // that failures and x next to digits, points and letters come up too.
 class TextMaker {
@@ -62,44 +64,28 @@ class TextMaker {
         const bool simple = depth > 1 || (depth == 1 && Pick(rng_, 3) > 0);
         const int choice = simple ? Pick(rng_, 3) : Pick(rng_, 12);
         switch (choice) {
-        case 0:
-            return Number();
-        case 1:
-            return "x";
-        case 2:
-            return Number() + "x";
-        case 3:
-            return "(" + Sum(depth + 1) + ")";
-        case 4:
-            return "abs(" + Sum(depth + 1) + ")";
-        case 5:
-            return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
-        case 6:
-            return Pick(rng_, 2) ? "3.1415926538" : Number() + "*3.14159265388";
-        case 7:
-            return "x";
-        case 8:
-            return "(" + Sum(depth + 1) + ")/(" + Sum(depth + 1) + ")";
-        case 9:
-            return "((" + Sum(depth + 1) + ")^.5)";
-        case 10:
-            return "x(" + Sum(depth + 1) + ")";
-        default:
-            return "-" + Atom(depth + 1);
+        case 0: return Number();
+        case 1: return "x";
+        case 2: return Number() + "x";
+        case 3: return "(" + Sum(depth + 1) + ")";
+        case 4: return "abs(" + Sum(depth + 1) + ")";
+        case 5: return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
+        case 6: return Pick(rng_, 2) ? "3.1415926538" : Number() + "*3.14159265388";
+        case 7: return "x";
+        case 8: return "(" + Sum(depth + 1) + ")/(" + Sum(depth + 1) + ")";
+        case 9: return "((" + Sum(depth + 1) + ")^.5)";
+        case 10: return "x(" + Sum(depth + 1) + ")";
+        default: return "-" + Atom(depth + 1);
         }
     }
 
     std::string Factor(int depth) {
         std::string f = Atom(depth);
         switch (Pick(rng_, 6)) {
-        case 0:
-            return f + "^(" + (depth > 0 ? Number() : Sum(depth + 1)) + ")";
-        case 1:
-            return f + "^(" + Number() + ")";
-        case 2:
-            return "(" + f + ")^(.5)";
-        default:
-            return f;
+        case 0: return f + "^(" + (depth > 0 ? Number() : Sum(depth + 1)) + ")";
+        case 1: return f + "^(" + Number() + ")";
+        case 2: return "(" + f + ")^(.5)";
+        default: return f;
         }
     }
 
@@ -140,42 +126,27 @@ class KeyMaker {
 
     std::string Atom(int depth) {
         switch (depth > 2 ? Pick(rng_, 3) : Pick(rng_, 13)) {
-        case 0:
-            return Digits();
-        case 1:
-            return "x";
-        case 2:
-            return Digits() + "x";
-        case 3:
-            return "P";
-        case 4:
-            return "(" + Sum(depth + 1) + ")";
-        case 5:
-            return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
-        case 6:
-            return "|" + Sum(depth + 1) + "|";
-        case 7:
-            return "~" + Atom(depth + 1);
-        case 8:
-            return "-" + Atom(depth + 1);
-        case 9:
-            return std::to_string(1 + Pick(rng_, 9)) + "/" + std::to_string(2 + Pick(rng_, 8));
-        case 10:
-            return "xP";
-        default:
-            return "x";
+        case 0: return Digits();
+        case 1: return "x";
+        case 2: return Digits() + "x";
+        case 3: return "P";
+        case 4: return "(" + Sum(depth + 1) + ")";
+        case 5: return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
+        case 6: return "|" + Sum(depth + 1) + "|";
+        case 7: return "~" + Atom(depth + 1);
+        case 8: return "-" + Atom(depth + 1);
+        case 9: return std::to_string(1 + Pick(rng_, 9)) + "/" + std::to_string(2 + Pick(rng_, 8));
+        case 10: return "xP";
+        default: return "x";
         }
     }
 
     std::string Term(int depth) {
         std::string t = Atom(depth);
         switch (Pick(rng_, 5)) {
-        case 0:
-            return t + "^" + Digits();
-        case 1:
-            return t + "^" + (Pick(rng_, 2) ? "-" + Digits() : "(" + Sum(depth + 1) + ")");
-        default:
-            return t;
+        case 0: return t + "^" + Digits();
+        case 1: return t + "^" + (Pick(rng_, 2) ? "-" + Digits() : "(" + Sum(depth + 1) + ")");
+        default: return t;
         }
     }
 
@@ -193,22 +164,14 @@ class KeyMaker {
 double RandomX(std::mt19937_64& rng) {
     std::uniform_real_distribution<double> unit(-1, 1);
     switch (Pick(rng, 10)) {
-    case 0:
-        return static_cast<double>(Pick(rng, 41) - 20);
-    case 1:
-        return RoundHalfEven(20 * unit(rng), 2); // as the painter samples
-    case 2:
-        return Pick(rng, 2) ? 0.0 : -0.0;
-    case 3:
-        return 20 * unit(rng); // 16 and 17 digits
-    case 4:
-        return unit(rng) * std::pow(10.0, Pick(rng, 600) - 300);
+    case 0: return static_cast<double>(Pick(rng, 41) - 20);
+    case 1: return RoundHalfEven(20 * unit(rng), 2); // as the painter samples
+    case 2: return Pick(rng, 2) ? 0.0 : -0.0;
+    case 3: return 20 * unit(rng); // 16 and 17 digits
+    case 4: return unit(rng) * std::pow(10.0, Pick(rng, 600) - 300);
     case 5: {
-        static const double specials[] = {1e-7,    -1e-7,    1e-5,
-                                          0.0001,  -0.0001,  1e15,
-                                          -1e15,   1e14,     99999999999999.95,
-                                          -0.05,   0.3,      1e300,
-                                          -1e-300, 4.9e-324, 1.7976931348623157e308};
+        static const double specials[] = {1e-7, -1e-7, 1e-5, 0.0001, -0.0001, 1e15, -1e15, 1e14,
+            99999999999999.95, -0.05, 0.3, 1e300, -1e-300, 4.9e-324, 1.7976931348623157e308};
         return specials[Pick(rng, sizeof specials / sizeof specials[0])];
     }
     case 6: {
@@ -217,22 +180,20 @@ double RandomX(std::mt19937_64& rng) {
         std::memcpy(&v, &b, sizeof v);
         return std::isfinite(v) ? v : 2.5;
     }
-    default:
-        return 5 * unit(rng);
+    default: return 5 * unit(rng);
     }
 }
 
-struct Tally {
-    long cases = 0;
-    long numbers = 0;
-    long compiledFunctions = 0;
-    long functions = 0;
-};
+// clang-format on
 
 void ExpectSameValue(const YValue& fast, const YValue& text, const std::string& where) {
     ASSERT_EQ(fast.kind, text.kind) << where;
     ASSERT_EQ(Bits(fast.value), Bits(text.value)) << where;
 }
+
+struct Tally {
+    long cases = 0, numbers = 0, compiledFunctions = 0, functions = 0;
+};
 
 // All four results at each x through both routes, and the values of the batch at once.
 void Compare(Session& s, const std::vector<double>& xs, Tally& tally) {
@@ -241,13 +202,8 @@ void Compare(Session& s, const std::vector<double>& xs, Tally& tally) {
     for (std::size_t i = 0; i < xs.size(); ++i) {
         const double x = xs[i];
         const std::string where = "\"" + s.ScriptText(0) + "\" at " + NumberText(x);
-        ASSERT_EQ(CalculateYEval(s, x, 0, EvalPath::Auto), CalculateYEval(s, x, 0, EvalPath::Text))
-            << where;
-        ASSERT_EQ(CalculateY(s, x, 0, EvalPath::Auto), CalculateY(s, x, 0, EvalPath::Text))
-            << where;
-        ASSERT_EQ(CalculateYArea(s, x, 0, EvalPath::Auto),
-                  CalculateYArea(s, x, 0, EvalPath::Text))
-            << where;
+        for (auto text : {CalculateYEval, CalculateY, CalculateYArea})
+            ASSERT_EQ(text(s, x, 0, EvalPath::Auto), text(s, x, 0, EvalPath::Text)) << where;
         const YValue text = CalculateYValue(s, x, 0, EvalPath::Text);
         ExpectSameValue(CalculateYValue(s, x, 0, EvalPath::Auto), text, where);
         ExpectSameValue(batch[i], text, where + " in a batch");
@@ -263,68 +219,56 @@ void CompareSweep(Session& s, std::mt19937_64& rng) {
     const double step = Pick(rng, 2) ? 0.1 : std::ldexp(1.0, Pick(rng, 8) - 6);
     ValueSweep sweep(s, 0, step, [](double x) { return RoundHalfEven(x, 2); });
     double x = first;
-    for (int i = 0; i < 80; ++i, x += step) {
+    for (int i = 0; i < 80 && !::testing::Test::HasFatalFailure(); ++i, x += step) {
         if (i == 70) x = first;
         const double sampleX = RoundHalfEven(x, 2);
         ExpectSameValue(sweep.At(x), CalculateYValue(s, sampleX, 0, EvalPath::Text),
                         "\"" + s.ScriptText(0) + "\" swept at " + NumberText(sampleX));
-        if (::testing::Test::HasFatalFailure()) return;
     }
 }
 
-void CompareAt(Session& s, std::mt19937_64& rng, int function, Tally& tally) {
-    std::vector<double> xs(8);
-    for (double& x : xs)
-        x = RandomX(rng);
-    Compare(s, xs, tally);
-    if (function % 16 == 0 && !::testing::Test::HasFatalFailure()) CompareSweep(s, rng);
-}
-
-void CountFunction(Session& s, Tally& tally) {
-    ++tally.functions;
-    if (s.CompiledScripts(0).Applies()) ++tally.compiledFunctions;
+// Functions made by enter(s) agree at eight random x each, and every 16th along a sweep.
+template <class Maker, class Enter> Tally Differential(unsigned seed, int functions, Enter enter) {
+    std::mt19937_64 rng(seed);
+    Maker maker(rng);
+    Session s;
+    Tally tally;
+    for (int f = 0; f < functions && !::testing::Test::HasFatalFailure(); ++f) {
+        enter(s, maker.Make());
+        PreCalcFX(s);
+        ++tally.functions;
+        if (s.CompiledScripts(0).Applies()) ++tally.compiledFunctions;
+        std::vector<double> xs(8);
+        for (double& x : xs)
+            x = RandomX(rng);
+        Compare(s, xs, tally);
+        if (f % 16 == 0 && !::testing::Test::HasFatalFailure()) CompareSweep(s, rng);
+    }
+    // Not a vacuous agreement: most functions run compiled, and most values exist.
+    EXPECT_GT(tally.compiledFunctions * 10, tally.functions * 7);
+    EXPECT_GT(tally.numbers * 10, tally.cases * 3);
+    return tally;
 }
 
 } // namespace
 
 TEST(EvaluateDifferential, BuilderShapedTextsAgreeByBothRoutes) {
-    std::mt19937_64 rng(20240611);
-    TextMaker maker(rng);
-    Session s;
-    Tally tally;
-    for (int f = 0; f < 12000; ++f) {
-        const std::string text = maker.Make();
-        for (int i = 0; i <= CellUpper; ++i)
-            s.GraphableCells(i, 0).clear();
-        for (std::size_t i = 0; i < text.size() && i <= CellUpper; ++i)
-            s.GraphableCells(static_cast<int>(i), 0).assign(1, text[i]);
-        PreCalcFX(s);
-        CountFunction(s, tally);
-        CompareAt(s, rng, f, tally);
-        if (HasFatalFailure()) return;
-    }
+    const Tally tally =
+        Differential<TextMaker>(20240611, 12000, [](Session& s, const std::string& text) {
+            for (int i = 0; i <= CellUpper; ++i)
+                s.GraphableCells(i, 0).clear();
+            for (std::size_t i = 0; i < text.size() && i <= CellUpper; ++i)
+                s.GraphableCells(static_cast<int>(i), 0).assign(1, text[i]);
+        });
     EXPECT_GE(tally.cases, 96000);
-    // Not a vacuous agreement: most functions run compiled, and most values exist.
-    EXPECT_GT(tally.compiledFunctions * 10, tally.functions * 7);
-    EXPECT_GT(tally.numbers * 10, tally.cases * 3);
 }
 
 TEST(EvaluateDifferential, TypedFunctionsAgreeByBothRoutes) {
-    std::mt19937_64 rng(77);
-    KeyMaker maker(rng);
-    Session s;
-    Tally tally;
-    for (int f = 0; f < 1500; ++f) {
+    Differential<KeyMaker>(77, 1500, [](Session& s, const std::string& keys) {
         ClearAllRows(s);
         SetKeyMask(s);
-        ReplaySlotKeys(s, 0, maker.Make());
-        PreCalcFX(s);
-        CountFunction(s, tally);
-        CompareAt(s, rng, f, tally);
-        if (HasFatalFailure()) return;
-    }
-    EXPECT_GT(tally.compiledFunctions * 10, tally.functions * 7);
-    EXPECT_GT(tally.numbers * 10, tally.cases * 3);
+        ReplaySlotKeys(s, 0, keys);
+    });
 }
 
 } // namespace vt
