@@ -44,35 +44,41 @@ struct BuilderRun {
         s.BuildPos += 4;
     }
 
+    // Which open groups a scan is to close; each closes once, at its marker nearest the token.
+    struct Closing {
+        bool fraction, root, exponent;
+    };
+
+    // Closes the group whose marker the cell holds, when the scan is to close it: its closer
+    // joins closers, and the slot's flag for the group goes off. A fraction may be kept open.
+    void CloseAtMarker(const std::string& cell, Closing& want, std::string& closers,
+                       bool fractionMayClose = true) {
+        if (cell == "^" && want.exponent) {
+            closers += "^";
+            s.ExponentOpen(slot) = false;
+            want.exponent = false;
+        } else if (cell == "#" && want.fraction && fractionMayClose) {
+            closers += "#";
+            s.FractionOpen(slot) = false;
+            want.fraction = false;
+        } else if (cell == "~" && want.root) {
+            closers += "~";
+            s.RootOpen(slot) = false;
+            want.root = false;
+        }
+    }
+
     // Closes the groups asked for at token i, walking back to their markers. Inside an open
     // bar the walk may not pass the bar, so a group opened before the bar stays open. The
     // closers, innermost first, go into the free gap cells in front of token i.
     void CloseGroups(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
+        Closing want{closeFraction, closeRoot, closeExponent};
         bool allowed = true;
         std::string closers;
         for (int k = i; k >= 1; --k) {
             const std::string& cell = Cell(k);
-            if (cell == "^" && closeExponent) {
-                if (allowed) {
-                    closers += "^";
-                    s.ExponentOpen(slot) = false;
-                    closeExponent = false;
-                }
-            } else if (cell == "#" && closeFraction) {
-                if (allowed) {
-                    closers += "#";
-                    s.FractionOpen(slot) = false;
-                    closeFraction = false;
-                }
-            } else if (cell == "~" && closeRoot) {
-                if (allowed) {
-                    closers += "~";
-                    s.RootOpen(slot) = false;
-                    closeRoot = false;
-                }
-            } else if (cell == "|" && inBar) {
-                allowed = false;
-            }
+            if (allowed) CloseAtMarker(cell, want, closers);
+            if (cell == "|" && inBar) allowed = false;
         }
         for (int a = 1; a <= 3; ++a) {
             if (a > static_cast<int>(closers.size())) break;
@@ -90,23 +96,12 @@ struct BuilderRun {
     // A closing bar ends the groups opened inside it. The closers share the one gap cell in
     // front of the bar.
     void CloseGroupsAtBar(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
+        Closing want{closeFraction, closeRoot, closeExponent};
         std::string closers;
         for (int k = i; k >= 1; --k) {
             const std::string& cell = Cell(k);
             if (cell == "|") break;
-            if (cell == "^" && closeExponent) {
-                closers += "^";
-                s.ExponentOpen(slot) = false;
-                closeExponent = false;
-            } else if (cell == "#" && closeFraction) {
-                closers += "#";
-                s.FractionOpen(slot) = false;
-                closeFraction = false;
-            } else if (cell == "~" && closeRoot) {
-                closers += "~";
-                s.RootOpen(slot) = false;
-                closeRoot = false;
-            }
+            CloseAtMarker(cell, want, closers);
         }
         Cell(s.BuildPos - 3) = closers;
         CopyToken(i);
@@ -122,23 +117,9 @@ struct BuilderRun {
             before == "^" || before == "~" || (before == "-" && (before2 == "^" || before2 == "~"));
         std::string closers;
         if (!keepOpen) {
-            const bool fractionMayClose = before != "/";
-            for (int k = i; k >= 1; --k) {
-                const std::string& cell = Cell(k);
-                if (cell == "^" && closeExponent) {
-                    closers += "^";
-                    s.ExponentOpen(slot) = false;
-                    closeExponent = false;
-                } else if (cell == "#" && closeFraction && fractionMayClose) {
-                    closers += "#";
-                    s.FractionOpen(slot) = false;
-                    closeFraction = false;
-                } else if (cell == "~" && closeRoot) {
-                    closers += "~";
-                    s.RootOpen(slot) = false;
-                    closeRoot = false;
-                }
-            }
+            Closing want{closeFraction, closeRoot, closeExponent};
+            for (int k = i; k >= 1; --k)
+                CloseAtMarker(Cell(k), want, closers, before != "/");
         }
         Cell(s.BuildPos - 3) = closers;
         CopyToken(i);
