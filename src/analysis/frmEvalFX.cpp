@@ -81,14 +81,10 @@ frmEvalFX::~frmEvalFX() = default;
 
 void frmEvalFX::Form_Load() {
     frmEvalFX_Load(s_, form_);
-    const int left = form_.PictureWide ? PictureWideLeft : PictureLeft;
-    const int width = form_.PictureWide ? PictureWideWidth : PictureWidth;
-    surface_ = std::make_unique<render::RasterSurface>(Pixels(width), Pixels(PictureHeight));
-    surface_->FontName = "OrlentisFont";
-    surface_->FontSize = 12;
-    surface_->SmoothText = true;
-    picture1_->SetSurface(surface_.get());
-    picture1_->move(Pixels(left), Pixels(PictureTop));
+    surface_ = PlacePicturePaper(
+        picture1_, form_.PictureWide
+                       ? Twips(PictureWideLeft, PictureTop, PictureWideWidth, PictureHeight)
+                       : Twips(PictureLeft, PictureTop, PictureWidth, PictureHeight));
     DrawPicture();
     Mirror();
 }

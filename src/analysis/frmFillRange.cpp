@@ -168,14 +168,10 @@ void frmFillRange::Form_Load(const WindowBox& mainWindow) {
     form_.Height = height();
     frmFillRange_Load(s_, form_, mainWindow);
     move(form_.Left, form_.Top);
-    const int left = form_.PictureWide ? PictureWideLeft : PictureLeft;
-    const int width = form_.PictureWide ? PictureWideWidth : PictureWidth;
-    surface_ = std::make_unique<render::RasterSurface>(Pixels(width), Pixels(PictureHeight));
-    surface_->FontName = "OrlentisFont";
-    surface_->FontSize = 12;
-    surface_->SmoothText = true;
-    picture1_->SetSurface(surface_.get());
-    picture1_->move(Pixels(left), Pixels(PictureTop));
+    surface_ = PlacePicturePaper(
+        picture1_, form_.PictureWide
+                       ? Twips(PictureWideLeft, PictureTop, PictureWideWidth, PictureHeight)
+                       : Twips(PictureLeft, PictureTop, PictureWidth, PictureHeight));
     DrawPicture();
     DrawSamples();
     Mirror();

@@ -21,4 +21,14 @@ FunctionPicker MakeFunctionPicker(QWidget* parent, QRect picture, int minimum, i
     return picker;
 }
 
+std::unique_ptr<render::RasterSurface> PlacePicturePaper(app::SurfaceView* picture, QRect place) {
+    auto paper = std::make_unique<render::RasterSurface>(place.width(), place.height());
+    paper->FontName = "OrlentisFont";
+    paper->FontSize = 12;
+    paper->SmoothText = true;
+    picture->SetSurface(paper.get());
+    picture->move(place.topLeft());
+    return paper;
+}
+
 } // namespace vt

@@ -4,8 +4,10 @@
 
 #include <QSlider>
 #include <QWidget>
+#include <memory>
 
 #include "app/qt/SurfaceView.h"
+#include "render/RasterSurface.h"
 
 namespace vt {
 
@@ -17,5 +19,9 @@ struct FunctionPicker {
 // Builds both controls on `parent`: the picture at `picture` (in pixels), the slider at its
 // designed place, running from `minimum` to `maximum`.
 FunctionPicker MakeFunctionPicker(QWidget* parent, QRect picture, int minimum, int maximum);
+
+// The paper the picture shows, for the picture placed at `place` (in pixels): the narrow place
+// beside the slider, or the wide one when the slider is hidden. The equation font is set.
+std::unique_ptr<render::RasterSurface> PlacePicturePaper(app::SurfaceView* picture, QRect place);
 
 } // namespace vt
