@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <random>
 #include <string>
 #include <vector>
@@ -19,9 +19,7 @@ namespace vt {
 namespace {
 
 std::uint64_t Bits(double v) {
-    std::uint64_t b;
-    std::memcpy(&b, &v, sizeof b);
-    return b;
+    return std::bit_cast<std::uint64_t>(v);
 }
 
 int Pick(std::mt19937_64& rng, int n) {
@@ -30,21 +28,40 @@ int Pick(std::mt19937_64& rng, int n) {
 
 // One line a choice in the random makers:
 // clang-format off
+// What the two makers of random functions share: their numbers, and terms joined by operators.
+class RandomMaker {
+  public:
+    explicit RandomMaker(std::mt19937_64& rng) : rng_(rng) {}
+
+  protected:
+    int Pick(int n) { return vt::Pick(rng_, n); }
+    std::string Number() {
+        static const char* numbers[] = {"2", "3.5", ".5", "12", "0", "1", "7", "0.25", "100"};
+        return numbers[Pick(9)];
+    }
+    template <class Term> std::string Joined(int more, Term term) {
+        std::string s = term();
+        for (int i = 0; i < more; ++i) s += std::string(1, "+-*/"[Pick(4)]) + term();
+        return s;
+    }
+    std::mt19937_64& rng_;
+};
+
 // Texts of the shapes the expression builder makes, now and then spoilt by a stray character so
 // that failures and x next to digits, points and letters come up too.
-class TextMaker {
+class TextMaker : RandomMaker {
   public:
-    explicit TextMaker(std::mt19937_64& rng) : rng_(rng) {}
+    using RandomMaker::RandomMaker;
 
     std::string Make() {
         std::string text = Sum(0);
-        const int spoils = Pick(rng_, 8) == 0 ? 1 + Pick(rng_, 2) : 0;
+        const int spoils = Pick(8) == 0 ? 1 + Pick(2) : 0;
         for (int i = 0; i < spoils && !text.empty(); ++i) {
             static const char stray[] = "0123456789.x+-*/^()?SCTx.x";
             const std::size_t at =
-                static_cast<std::size_t>(Pick(rng_, static_cast<int>(text.size())));
-            if (Pick(rng_, 2) == 0)
-                text.insert(at, 1, stray[Pick(rng_, sizeof stray - 1)]);
+                static_cast<std::size_t>(Pick(static_cast<int>(text.size())));
+            if (Pick(2) == 0)
+                text.insert(at, 1, stray[Pick(sizeof stray - 1)]);
             else
                 text.erase(at, 1);
         }
@@ -52,25 +69,20 @@ class TextMaker {
     }
 
   private:
-    std::string Number() {
-        static const char* numbers[] = {"2", "3.5", ".5", "12", "0", "1", "7", "0.25", "100"};
-        return numbers[Pick(rng_, 9)];
-    }
-
     std::string Atom(int depth) {
         // "x3.1415926538" (x before pi) takes the text route: keep it rare, or few functions
         // would run compiled at all.
-        if (Pick(rng_, 60) == 0) return "x3.1415926538";
-        const bool simple = depth > 1 || (depth == 1 && Pick(rng_, 3) > 0);
-        const int choice = simple ? Pick(rng_, 3) : Pick(rng_, 12);
+        if (Pick(60) == 0) return "x3.1415926538";
+        const bool simple = depth > 1 || (depth == 1 && Pick(3) > 0);
+        const int choice = simple ? Pick(3) : Pick(12);
         switch (choice) {
         case 0: return Number();
         case 1: return "x";
         case 2: return Number() + "x";
         case 3: return "(" + Sum(depth + 1) + ")";
         case 4: return "abs(" + Sum(depth + 1) + ")";
-        case 5: return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
-        case 6: return Pick(rng_, 2) ? "3.1415926538" : Number() + "*3.14159265388";
+        case 5: return std::string(1, "SCT"[Pick(3)]) + "(" + Sum(depth + 1) + ")";
+        case 6: return Pick(2) ? "3.1415926538" : Number() + "*3.14159265388";
         case 7: return "x";
         case 8: return "(" + Sum(depth + 1) + ")/(" + Sum(depth + 1) + ")";
         case 9: return "((" + Sum(depth + 1) + ")^.5)";
@@ -81,7 +93,7 @@ class TextMaker {
 
     std::string Factor(int depth) {
         std::string f = Atom(depth);
-        switch (Pick(rng_, 6)) {
+        switch (Pick(6)) {
         case 0: return f + "^(" + (depth > 0 ? Number() : Sum(depth + 1)) + ")";
         case 1: return f + "^(" + Number() + ")";
         case 2: return "(" + f + ")^(.5)";
@@ -90,52 +102,42 @@ class TextMaker {
     }
 
     std::string Sum(int depth) {
-        std::string s = Factor(depth);
-        const int more = depth > 0 ? Pick(rng_, 2) : Pick(rng_, 3);
-        for (int i = 0; i < more; ++i)
-            s += std::string(1, "+-*/"[Pick(rng_, 4)]) + Factor(depth);
-        return s;
+        return Joined(depth > 0 ? Pick(2) : Pick(3), [&] { return Factor(depth); });
     }
-
-    std::mt19937_64& rng_;
 };
 
 // Key strings as a user or a data file would type them: mostly well-formed functions, some
 // keys at random.
-class KeyMaker {
+class KeyMaker : RandomMaker {
   public:
-    explicit KeyMaker(std::mt19937_64& rng) : rng_(rng) {}
+    using RandomMaker::RandomMaker;
 
     std::string Make() {
-        if (Pick(rng_, 4) == 0) {
+        if (Pick(4) == 0) {
             static const char keys[] = "0123456789..xxxx++--*/^^()()PS(C(T(~||";
             std::string out;
-            const int n = 1 + Pick(rng_, 14);
+            const int n = 1 + Pick(14);
             for (int i = 0; i < n; ++i)
-                out += keys[Pick(rng_, sizeof keys - 1)];
+                out += keys[Pick(sizeof keys - 1)];
             return out;
         }
         return Sum(0);
     }
 
   private:
-    std::string Digits() {
-        static const char* numbers[] = {"2", "3.5", ".5", "12", "0", "1", "7", "0.25", "100"};
-        return numbers[Pick(rng_, 9)];
-    }
 
     std::string Atom(int depth) {
-        switch (depth > 2 ? Pick(rng_, 3) : Pick(rng_, 13)) {
-        case 0: return Digits();
+        switch (depth > 2 ? Pick(3) : Pick(13)) {
+        case 0: return Number();
         case 1: return "x";
-        case 2: return Digits() + "x";
+        case 2: return Number() + "x";
         case 3: return "P";
         case 4: return "(" + Sum(depth + 1) + ")";
-        case 5: return std::string(1, "SCT"[Pick(rng_, 3)]) + "(" + Sum(depth + 1) + ")";
+        case 5: return std::string(1, "SCT"[Pick(3)]) + "(" + Sum(depth + 1) + ")";
         case 6: return "|" + Sum(depth + 1) + "|";
         case 7: return "~" + Atom(depth + 1);
         case 8: return "-" + Atom(depth + 1);
-        case 9: return std::to_string(1 + Pick(rng_, 9)) + "/" + std::to_string(2 + Pick(rng_, 8));
+        case 9: return std::to_string(1 + Pick(9)) + "/" + std::to_string(2 + Pick(8));
         case 10: return "xP";
         default: return "x";
         }
@@ -143,22 +145,16 @@ class KeyMaker {
 
     std::string Term(int depth) {
         std::string t = Atom(depth);
-        switch (Pick(rng_, 5)) {
-        case 0: return t + "^" + Digits();
-        case 1: return t + "^" + (Pick(rng_, 2) ? "-" + Digits() : "(" + Sum(depth + 1) + ")");
+        switch (Pick(5)) {
+        case 0: return t + "^" + Number();
+        case 1: return t + "^" + (Pick(2) ? "-" + Number() : "(" + Sum(depth + 1) + ")");
         default: return t;
         }
     }
 
     std::string Sum(int depth) {
-        std::string s = Term(depth);
-        const int more = depth > 1 ? Pick(rng_, 2) : Pick(rng_, 4);
-        for (int i = 0; i < more; ++i)
-            s += std::string(1, "+-*/"[Pick(rng_, 4)]) + Term(depth);
-        return s;
+        return Joined(depth > 1 ? Pick(2) : Pick(4), [&] { return Term(depth); });
     }
-
-    std::mt19937_64& rng_;
 };
 
 double RandomX(std::mt19937_64& rng) {
@@ -174,12 +170,7 @@ double RandomX(std::mt19937_64& rng) {
             99999999999999.95, -0.05, 0.3, 1e300, -1e-300, 4.9e-324, 1.7976931348623157e308};
         return specials[Pick(rng, sizeof specials / sizeof specials[0])];
     }
-    case 6: {
-        const std::uint64_t b = rng();
-        double v;
-        std::memcpy(&v, &b, sizeof v);
-        return std::isfinite(v) ? v : 2.5;
-    }
+    case 6: { const double v = std::bit_cast<double>(rng()); return std::isfinite(v) ? v : 2.5; }
     default: return 5 * unit(rng);
     }
 }

@@ -21,23 +21,22 @@ void SetGraphable(Session& s, int slot, const std::string& text) {
 } // namespace
 
 TEST(PreCalcFX, MakesImpliedProductsAndNamesExplicit) {
-    struct Case {
-        const char* graphable;
-        const char* script;
-    } cases[] = {
+    // clang-format off
+    const std::pair<const char*, const char*> cases[] = {
         {"2x(x)", "2*x*(x)"}, // "x(" first, then the digit rule completes it
         {"2x^(2)+S(x)", "2*x^(2)+sin(x)"}, {"xS(x)", "x*sin(x)"},
         {"xC(x)+xT(x)", "x*cos(x)+x*tan(x)"}, {"3(x+1)", "3*(x+1)"}, {"(3)/(4x)", "(3)/(4*x)"},
         {"22x", "22*x"}, {"S(2x)", "sin(2*x)"},
         {"x3.1415926538", "x3.1415926538"}, // no product after x is made here
         {"2*3.14159265388", "2*3.14159265388"}, {"abs(x)+1", "abs(x)+1"},
-        {"((x+1)^.5)", "((x+1)^.5)"}, {"", ""},
+        {"((x+1)^.5)", "((x+1)^.5)"}, {"", ""}
     };
-    for (const Case& c : cases) {
+    // clang-format on
+    for (const auto& [graphable, script] : cases) {
         Session s;
-        SetGraphable(s, 3, c.graphable);
+        SetGraphable(s, 3, graphable);
         PreCalcFX(s);
-        EXPECT_EQ(s.ScriptText(3), c.script) << c.graphable;
+        EXPECT_EQ(s.ScriptText(3), script) << graphable;
         EXPECT_EQ(s.ScriptText(2), "");
     }
 }
@@ -45,12 +44,8 @@ TEST(PreCalcFX, MakesImpliedProductsAndNamesExplicit) {
 TEST(CalculateY, ValuesTextsAndFailures) {
     // Each case through both routes: the text splice and the compiled program.
     const char* NA = "NA";
-    struct Case {
-        const char* graphable;
-        double x;
-        int slot;
-        const char* eval; // CalculateYEval; CalculateY and CalculateYArea follow from it
-    } cases[] = {
+    // clang-format off
+    const std::tuple<const char*, double, int, const char*> cases[] = {
         {"(1)/(x)", 0, 0, NA}, {"(1)/(x)", 2, 0, "0.5"}, {"", 1, 0, ""},
         {"2^(?)", 1, 0, NA}, // an empty exponent box
         {"x", 1, 5, NA},     // no slot 5: a failure like any other
@@ -63,22 +58,23 @@ TEST(CalculateY, ValuesTextsAndFailures) {
         {"x3.1415926538", -2, 0, "-23.1415926538"}, {"x3.1415926538", 2.5, 0, NA},
         {"(x)-0.3", 0.1 + 0.2, 0, "0"}, // x goes in as "0.3"
         {"(1)/(3)", 0, 0, "0.333333333333333"}, {"S(x)", 1, 4, "0.841470984807897"},
-        {"x^(3)", 1e200, 0, NA}, {"2x^(2)+S(x)", -2.5, 0, "-13.098472144104"},
+        {"x^(3)", 1e200, 0, NA}, {"2x^(2)+S(x)", -2.5, 0, "-13.098472144104"}
     };
-    for (const Case& c : cases) {
+    // clang-format on
+    for (const auto& [graphable, x, slot, expected] : cases) {
         for (EvalPath path : {EvalPath::Text, EvalPath::Auto}) {
             Session s;
-            SetGraphable(s, c.slot >= 0 && c.slot <= 4 ? c.slot : 0, c.graphable);
+            SetGraphable(s, slot >= 0 && slot <= 4 ? slot : 0, graphable);
             PreCalcFX(s);
-            const std::string eval = c.eval;
+            const std::string eval = expected;
             const std::string y = eval.empty() ? "0" : eval;
             const std::string area = eval.empty() || eval == "NA" ? "0" : eval;
-            const std::string where = std::string(c.graphable) + " at " + NumberText(c.x) +
+            const std::string where = std::string(graphable) + " at " + NumberText(x) +
                                       (path == EvalPath::Text ? " by text" : " compiled");
-            EXPECT_EQ(CalculateYEval(s, c.x, c.slot, path), eval) << where;
-            EXPECT_EQ(CalculateY(s, c.x, c.slot, path), y) << where;
-            EXPECT_EQ(CalculateYArea(s, c.x, c.slot, path), area) << where;
-            const YValue v = CalculateYValue(s, c.x, c.slot, path);
+            EXPECT_EQ(CalculateYEval(s, x, slot, path), eval) << where;
+            EXPECT_EQ(CalculateY(s, x, slot, path), y) << where;
+            EXPECT_EQ(CalculateYArea(s, x, slot, path), area) << where;
+            const YValue v = CalculateYValue(s, x, slot, path);
             EXPECT_EQ(v.kind, eval == "NA" ? YValue::NotAvailable : YValue::Number) << where;
             if (v.kind == YValue::Number) {
                 EXPECT_EQ(v.value, PrefixNumber(y)) << where;

@@ -26,10 +26,8 @@ void ExpectOutcome(const EvalResult& r, double expected, const std::string& text
 } // namespace
 
 TEST(Expression, PrecedenceAndAssociativity) {
-    struct Case {
-        const char* text;
-        double value;
-    } cases[] = {
+    // clang-format off
+    const std::pair<const char*, double> cases[] = {
         {"-3^2", -9}, // ^ binds tighter than the sign
         {"-3^(2)", -9}, {"5--3^(2)", 14}, {"2*-3^2", -18}, {"2--3", 5}, {"2*-3", -6},
         {"2^-2", 0.25}, {"2^+2", 4}, {"-2^-2", -0.25},
@@ -40,10 +38,11 @@ TEST(Expression, PrecedenceAndAssociativity) {
         {".5", 0.5}, {"5.", 5}, {"1E-07*1E+07", 1}, {"1e2", 100}, {"SIN(0)", 0}, {"Abs(-2)", 2},
         {"cos(0)", 1}, {"tan(0)", 0}, {"sin (0) + 1", 1}, {"abs(-3)+1", 4}, {"((3+1)^.5)", 2},
         {"(4)^(.5)", 2}, {"(3)/(4*2)", 0.375}, {"2*3.14159265388", 6.28318530776},
-        {"23.1415926538", 23.1415926538}, {"1E-400+1", 1},
+        {"23.1415926538", 23.1415926538}, {"1E-400+1", 1}
     };
-    for (const Case& c : cases)
-        ExpectOutcome(EvaluateExpression(c.text), c.value, c.text);
+    // clang-format on
+    for (const auto& [text, value] : cases)
+        ExpectOutcome(EvaluateExpression(text), value, text);
 }
 
 TEST(Expression, Failures) {
@@ -51,10 +50,8 @@ TEST(Expression, Failures) {
         std::string(MaxNesting + 1, '(') + "1" + std::string(MaxNesting + 1, ')');
     const std::string deepSigns = std::string(MaxNesting + 1, '-') + "1";
     const std::string fine = std::string(200, '(') + "1" + std::string(200, ')');
-    struct Case {
-        std::string text;
-        double value;
-    } cases[] = {
+    // clang-format off
+    const std::pair<std::string, double> cases[] = {
         {"1/0", Fails}, {"0/0", Fails}, {"1E308*10", Fails}, {"10^400", Fails},
         {"-1E308-1E308", Fails}, {"(-8)^(1/3)", Fails}, {"(-4)^(.5)", Fails}, {"0^-1", Fails},
         {"(0)^(-1)", Fails}, {"1E400", Fails}, {"2.53.1415926538", Fails}, {"2 3", Fails},
@@ -62,10 +59,11 @@ TEST(Expression, Failures) {
         {"2^(?)", Fails}, {"(1", Fails}, {"1)", Fails}, {"abs()", Fails}, {"2*", Fails},
         {"*2", Fails}, {".", Fails}, {"1e", Fails}, {"2=2", Fails}, {"1,5", Fails},
         {"sin2(1)", Fails}, {deep, Fails}, {deepSigns, Fails}, {"", IsEmpty}, {"   ", IsEmpty},
-        {fine, 1}, {"1/0+", Fails},
+        {fine, 1}, {"1/0+", Fails}
     };
-    for (const Case& c : cases)
-        ExpectOutcome(EvaluateExpression(c.text), c.value, c.text.substr(0, 40));
+    // clang-format on
+    for (const auto& [text, value] : cases)
+        ExpectOutcome(EvaluateExpression(text), value, text.substr(0, 40));
 }
 
 } // namespace vt

@@ -47,25 +47,23 @@ double RandomDouble(std::mt19937_64& rng) {
 } // namespace
 
 TEST(NumberText, GeneralForm) {
-    struct Case {
-        double value;
-        const char* text;
-    } cases[] = {
+    // clang-format off
+    const std::pair<double, const char*> cases[] = {
         {0, "0"}, {-0.0, "0"}, {5, "5"}, {-5, "-5"}, {0.5, "0.5"}, {-0.05, "-0.05"},
         {1.0 / 3, "0.333333333333333"}, {2.0 / 3, "0.666666666666667"}, {0.1 + 0.2, "0.3"},
         {0.0001, "0.0001"}, {0.000123456789012345678, "0.000123456789012346"}, {0.00001, "1E-05"},
         {0.0000001, "1E-07"}, {-1.5e-20, "-1.5E-20"}, {1.5e20, "1.5E+20"}, {1e100, "1E+100"},
         {1e-100, "1E-100"}, {123456789012345.0, "123456789012345"},
-        {999999999999999.4, "999999999999999"},
-        {999999999999999.5, "1E+15"}, // a tie, to even
+        {999999999999999.4, "999999999999999"}, {999999999999999.5, "1E+15"}, // a tie, to even
         {1e15, "1E+15"}, {123456789012345678.0, "1.23456789012346E+17"},
         {12345678901234.25, "12345678901234.2"}, // exact ties at the 15th digit go to even
         {12345678901234.75, "12345678901234.8"}, {20, "20"}, {-163840, "-163840"},
         {std::numeric_limits<double>::infinity(), "INF"},
-        {-std::numeric_limits<double>::infinity(), "-INF"}, {std::nan(""), "NAN"},
+        {-std::numeric_limits<double>::infinity(), "-INF"}, {std::nan(""), "NAN"}
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(NumberText(c.value), c.text) << c.text;
+    // clang-format on
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(NumberText(value), text) << text;
 }
 
 TEST(NumberText, AgreesWithTheGeneralFormatOfTheCLibrary) {
@@ -111,52 +109,48 @@ TEST(NumberText, ReadBackWithoutTextIsTheTextRoundTrip) {
 }
 
 TEST(NumberText, PrefixParser) {
-    struct Case {
-        const char* text;
-        double value;
-    } cases[] = {
+    // clang-format off
+    const std::pair<const char*, double> cases[] = {
         {"12abc", 12}, {"  -3.5e2x", -350}, {"\t7", 7}, {"1e", 1}, {"1e+", 1}, {"1E-07", 1e-07},
         {"1e3", 1000}, {".5", 0.5}, {"5.", 5}, {"-.5", -0.5}, {"+5", 5}, {"1.5.3", 1.5},
         {"1,5", 1}, {"NA", 0}, {"", 0}, {".", 0}, {"-", 0}, {"- 5", 0}, {"&H10", 0}, {"x3", 0},
         {"1E400", 0}, {"-1E400", 0}, {"1E-400", 0},
         {"1.79769313486232E+308", 0}, // just past the largest Double
-        {"4.94065645841247E-324", 4.94065645841247e-324}, {"0.1", 0.1},
+        {"4.94065645841247E-324", 4.94065645841247e-324}, {"0.1", 0.1}
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(PrefixNumber(c.text), c.value) << c.text;
+    // clang-format on
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(PrefixNumber(text), value) << text;
     EXPECT_FALSE(std::signbit(PrefixNumber("-0")));
 }
 
 TEST(NumberText, NumericTest) {
-    struct Case {
-        const char* text;
-        bool numeric;
-    } cases[] = {
+    // clang-format off
+    const std::pair<const char*, bool> cases[] = {
         {" -.5 ", true},  {"1e2", true},    {"5.", true},   {"+0", true},    {"\t12\t", true},
         {"1E-07", true},  {"1E-400", true}, {"", false},    {" ", false},    {".", false},
         {"-", false},     {"1e", false},    {"1,5", false}, {"1,5x", false}, {"&H10", false},
         {"- 5", false},   {"1E400", false}, {"1 2", false}, {"NA", false},   {"5x", false},
-        {"1.5.3", false}, {"e5", false},
+        {"1.5.3", false}, {"e5", false}
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(IsNumericText(c.text), c.numeric) << '"' << c.text << '"';
+    // clang-format on
+    for (const auto& [text, numeric] : cases)
+        EXPECT_EQ(IsNumericText(text), numeric) << '"' << text << '"';
 }
 
 TEST(NumberText, RoundHalfEven) {
-    struct Case {
-        double value;
-        int digits;
-        double rounded;
-    } cases[] = {
+    // clang-format off
+    const std::tuple<double, int, double> cases[] = {
         {2.5, 0, 2}, {3.5, 0, 4}, {-2.5, 0, -2}, {0.125, 2, 0.12}, {0.375, 2, 0.38},
         {2.675, 2, 2.67}, {1.005, 2, 1}, {1234.5678, 1, 1234.6},
         // Stored just above and just below the half, though the scaled product lands on it.
         {0.025, 2, 0.03}, {0.015, 2, 0.01}, {1.115, 2, 1.11}, {-0.025, 2, -0.03},
         {-20.045, 2, -20.05}, {7.4, -1, 7}, {1e300, 2, 1e300},
-        {4503599627370497.0, 0, 4503599627370497.0},
+        {4503599627370497.0, 0, 4503599627370497.0}
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(RoundHalfEven(c.value, c.digits), c.rounded) << c.value << " to " << c.digits;
+    // clang-format on
+    for (const auto& [value, digits, rounded] : cases)
+        EXPECT_EQ(RoundHalfEven(value, digits), rounded) << value << " to " << digits;
     EXPECT_FALSE(std::signbit(RoundHalfEven(-0.001, 2)));
 }
 
@@ -176,30 +170,34 @@ TEST(NumberText, RoundHalfEvenAgreesWithTheExactDecimalRounding) {
 }
 
 TEST(NumberText, AreaFormat) {
-    struct Case {
-        double value;
-        const char* text;
-    } cases[] = {
-        {12.5, "12.50"}, {0.123456, "0.1235"}, {0, "0.00"}, {-0.0, "0.00"}, {1.1, "1.10"},
-        {1.2345, "1.2345"}, {1.23451, "1.2345"}, {0.00005, "0.0001"}, {0.00004999, "0.00"},
-        {-0.00001, "-0.00"}, {-12.34567, "-12.3457"}, {0.99995, "1.00"}, {9.99996, "10.00"},
-        {1.5e20, "150000000000000000000.00"}, {1e-7, "0.00"}, {2.675, "2.675"}, {0.125, "0.125"},
-        {-0.00015, "-0.0002"},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(FormatArea(c.value), c.text) << c.value;
+    const std::pair<double, const char*> cases[] = {{12.5, "12.50"},
+                                                    {0.123456, "0.1235"},
+                                                    {0, "0.00"},
+                                                    {-0.0, "0.00"},
+                                                    {1.1, "1.10"},
+                                                    {1.2345, "1.2345"},
+                                                    {1.23451, "1.2345"},
+                                                    {0.00005, "0.0001"},
+                                                    {0.00004999, "0.00"},
+                                                    {-0.00001, "-0.00"},
+                                                    {-12.34567, "-12.3457"},
+                                                    {0.99995, "1.00"},
+                                                    {9.99996, "10.00"},
+                                                    {1.5e20, "150000000000000000000.00"},
+                                                    {1e-7, "0.00"},
+                                                    {2.675, "2.675"},
+                                                    {0.125, "0.125"},
+                                                    {-0.00015, "-0.0002"}};
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(FormatArea(value), text) << value;
 }
 
 TEST(NumberText, PrintedNumber) {
-    struct Case {
-        double value;
-        const char* text;
-    } cases[] = {
-        {5, " 5 "},     {-5, "-5 "},   {0, " 0 "},        {-0.0, " 0 "},
-        {0.5, " 0.5 "}, {-20, "-20 "}, {1e-7, " 1E-07 "},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(PrintedNumber(c.value), c.text) << c.value;
+    const std::pair<double, const char*> cases[] = {{5, " 5 "},       {-5, "-5 "},    {0, " 0 "},
+                                                    {-0.0, " 0 "},    {0.5, " 0.5 "}, {-20, "-20 "},
+                                                    {1e-7, " 1E-07 "}};
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(PrintedNumber(value), text) << value;
 }
 
 } // namespace vt
