@@ -530,6 +530,12 @@ void BinaryLanes(Operands operands, double c, double* below, double* t, int n,
     }
 }
 
+// The binary steps over lanes, in the order of Code from Add on.
+using LanesStep = void (*)(Operands, double, double*, double*, int, unsigned char*);
+constexpr LanesStep BinarySteps[] = {BinaryLanes<Code::Add>, BinaryLanes<Code::Sub>,
+                                     BinaryLanes<Code::Mul>, BinaryLanes<Code::Div>,
+                                     BinaryLanes<Code::Pow>};
+
 } // namespace
 
 void ExpressionProgram::RunManyOn(double (*stack)[Lanes], const double* x, int n,
@@ -560,20 +566,9 @@ void ExpressionProgram::RunManyOn(double (*stack)[Lanes], const double* x, int n
             for (int i = 0; i < n; ++i)
                 failed[i] |= !ApplyUnary(step.code, t[i], t[i]);
             break;
-        case Code::Add:
-            BinaryLanes<Code::Add>(step.operands, step.constant, below, t, n, failed);
-            break;
-        case Code::Sub:
-            BinaryLanes<Code::Sub>(step.operands, step.constant, below, t, n, failed);
-            break;
-        case Code::Mul:
-            BinaryLanes<Code::Mul>(step.operands, step.constant, below, t, n, failed);
-            break;
-        case Code::Div:
-            BinaryLanes<Code::Div>(step.operands, step.constant, below, t, n, failed);
-            break;
-        case Code::Pow:
-            BinaryLanes<Code::Pow>(step.operands, step.constant, below, t, n, failed);
+        default: // the binary operators, from Add on in the order of Code
+            BinarySteps[static_cast<int>(step.code) - static_cast<int>(Code::Add)](
+                step.operands, step.constant, below, t, n, failed);
             break;
         }
         if (step.code >= Code::Add && step.operands == Operands::Stack) --top;
