@@ -98,6 +98,9 @@ TEST(EvalFXDialog, ShowsTheValuesInTheRowsColours) {
     EXPECT_TRUE(dialog.Slider1()->isVisible());
     EXPECT_EQ(dialog.Slider1()->maximum(), 2);
     EXPECT_FALSE(dialog.Label3(0)->isVisible());
+    // The picture beside the slider, its paper as wide as the picture.
+    EXPECT_EQ(dialog.Picture1()->pos(), QPoint(96, 8));
+    EXPECT_EQ(dialog.PictureSurface()->QtImage().width(), 201);
     // The first row's function, typeset in red.
     EXPECT_GT(CountColour(dialog.PictureSurface()->QtImage(), 0x0000FF), 20);
     // Return calculates: the values stand right of their labels, each in its row's colour.
