@@ -17,14 +17,8 @@ namespace vt {
 
 namespace {
 
-
-constexpr int PictureTop = 120;
-constexpr int PictureHeight = 615;
-constexpr int PictureLeft = 1440;
+// The function picture beside the slider, in twips.
 constexpr int PictureWidth = 3015;
-// Where the picture goes when the slider is hidden.
-constexpr int PictureWideLeft = 240;
-constexpr int PictureWideWidth = 4215;
 constexpr int ResultTop = 240;
 constexpr int ResultPitch = 345;
 // The gap between a row's left part and its value.
@@ -42,8 +36,7 @@ frmEvalFX::frmEvalFX(Session& s, QWidget* parent) : QDialog(parent), s_(s) {
     setFixedSize(Twips(0, 0, 4695, 4020).size());
 
     const FunctionPicker picker =
-        MakeFunctionPicker(this, Twips(PictureLeft, PictureTop, PictureWidth, PictureHeight),
-                           EvalFXForm::SliderMin, form_.SliderMax);
+        MakeFunctionPicker(this, PictureWidth, EvalFXForm::SliderMin, form_.SliderMax);
     picture1_ = picker.Picture;
     slider1_ = picker.Slider;
     connect(slider1_, &QSlider::valueChanged, this, [this](int value) { Slider1_Change(value); });
@@ -81,10 +74,7 @@ frmEvalFX::~frmEvalFX() = default;
 
 void frmEvalFX::Form_Load() {
     frmEvalFX_Load(s_, form_);
-    surface_ = PlacePicturePaper(
-        picture1_, form_.PictureWide
-                       ? Twips(PictureWideLeft, PictureTop, PictureWideWidth, PictureHeight)
-                       : Twips(PictureLeft, PictureTop, PictureWidth, PictureHeight));
+    surface_ = PlacePicturePaper(picture1_, PictureWidth, form_.PictureWide);
     DrawPicture();
     Mirror();
 }

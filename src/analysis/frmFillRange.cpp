@@ -15,9 +15,9 @@
 #include <QToolButton>
 
 #include "analysis/EvalFX.h"
-#include "app/qt/SurfaceView.h"
 #include "app/qt/FunctionPicker.h"
 #include "app/qt/Icons.h"
+#include "app/qt/SurfaceView.h"
 #include "app/qt/Twips.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
@@ -32,17 +32,10 @@ namespace vt {
 
 namespace {
 
-
-constexpr int PictureTop = 120;
-constexpr int PictureHeight = 615;
-constexpr int PictureLeft = 1440;
+// The function picture beside the slider, in twips.
 constexpr int PictureWidth = 3135;
-// Where the picture goes when the slider is hidden.
-constexpr int PictureWideLeft = 240;
-constexpr int PictureWideWidth = 4335;
 constexpr int SampleWidth = 690;
 constexpr int SampleHeight = 345;
-
 
 // A Shape control: shows the picture of its fill style.
 class StyleSample : public QWidget {
@@ -81,8 +74,7 @@ frmFillRange::frmFillRange(Session& s, QWidget* parent) : QDialog(parent), s_(s)
     setFixedSize(Twips(0, 0, 4815, 5520).size());
 
     const FunctionPicker picker =
-        MakeFunctionPicker(this, Twips(PictureLeft, PictureTop, PictureWidth, PictureHeight),
-                           FillRangeForm::SliderMin, form_.SliderMax);
+        MakeFunctionPicker(this, PictureWidth, FillRangeForm::SliderMin, form_.SliderMax);
     picture1_ = picker.Picture;
     slider1_ = picker.Slider;
     connect(slider1_, &QSlider::valueChanged, this, [this](int value) { Slider1_Change(value); });
@@ -168,10 +160,7 @@ void frmFillRange::Form_Load(const WindowBox& mainWindow) {
     form_.Height = height();
     frmFillRange_Load(s_, form_, mainWindow);
     move(form_.Left, form_.Top);
-    surface_ = PlacePicturePaper(
-        picture1_, form_.PictureWide
-                       ? Twips(PictureWideLeft, PictureTop, PictureWideWidth, PictureHeight)
-                       : Twips(PictureLeft, PictureTop, PictureWidth, PictureHeight));
+    surface_ = PlacePicturePaper(picture1_, PictureWidth, form_.PictureWide);
     DrawPicture();
     DrawSamples();
     Mirror();

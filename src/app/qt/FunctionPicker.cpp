@@ -5,7 +5,18 @@
 
 namespace vt {
 
-FunctionPicker MakeFunctionPicker(QWidget* parent, QRect picture, int minimum, int maximum) {
+namespace {
+
+// The picture's place in twips; without the slider it starts at WideLeft.
+constexpr int PictureTop = 120;
+constexpr int PictureHeight = 615;
+constexpr int PictureLeft = 1440;
+constexpr int PictureWideLeft = 240;
+
+} // namespace
+
+FunctionPicker MakeFunctionPicker(QWidget* parent, int pictureWidth, int minimum, int maximum) {
+    const QRect picture = Twips(PictureLeft, PictureTop, pictureWidth, PictureHeight);
     FunctionPicker picker;
     picker.Picture = new app::SurfaceView(parent);
     picker.Picture->move(picture.topLeft());
@@ -21,7 +32,11 @@ FunctionPicker MakeFunctionPicker(QWidget* parent, QRect picture, int minimum, i
     return picker;
 }
 
-std::unique_ptr<render::RasterSurface> PlacePicturePaper(app::SurfaceView* picture, QRect place) {
+std::unique_ptr<render::RasterSurface> PlacePicturePaper(app::SurfaceView* picture,
+                                                         int pictureWidth, bool wide) {
+    const QRect place = wide ? Twips(PictureWideLeft, PictureTop,
+                                     pictureWidth + PictureLeft - PictureWideLeft, PictureHeight)
+                             : Twips(PictureLeft, PictureTop, pictureWidth, PictureHeight);
     auto paper = std::make_unique<render::RasterSurface>(place.width(), place.height());
     paper->FontName = "OrlentisFont";
     paper->FontSize = 12;

@@ -16,12 +16,14 @@ struct FunctionPicker {
     QSlider* Slider = nullptr;
 };
 
-// Builds both controls on `parent`: the picture at `picture` (in pixels), the slider at its
-// designed place, running from `minimum` to `maximum`.
-FunctionPicker MakeFunctionPicker(QWidget* parent, QRect picture, int minimum, int maximum);
+// Builds both controls on `parent`: the picture beside the slider, `pictureWidth` twips wide, and
+// the slider at its designed place, running from `minimum` to `maximum`.
+FunctionPicker MakeFunctionPicker(QWidget* parent, int pictureWidth, int minimum, int maximum);
 
-// The paper the picture shows, for the picture placed at `place` (in pixels): the narrow place
-// beside the slider, or the wide one when the slider is hidden. The equation font is set.
-std::unique_ptr<render::RasterSurface> PlacePicturePaper(app::SurfaceView* picture, QRect place);
+// The paper the picture shows, with the equation font set. Beside the slider the picture is
+// `pictureWidth` twips wide; when the slider is hidden (`wide`) it reaches left over the
+// slider's place to the same right edge.
+std::unique_ptr<render::RasterSurface> PlacePicturePaper(app::SurfaceView* picture,
+                                                         int pictureWidth, bool wide);
 
 } // namespace vt
