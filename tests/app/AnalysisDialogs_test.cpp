@@ -99,8 +99,8 @@ TEST(EvalFXDialog, ShowsTheValuesInTheRowsColours) {
     EXPECT_EQ(dialog.Slider1()->maximum(), 2);
     EXPECT_FALSE(dialog.Label3(0)->isVisible());
     // The picture beside the slider, its paper as wide as the picture.
-    EXPECT_EQ(dialog.Picture1()->pos(), QPoint(96, 8));
-    EXPECT_EQ(dialog.PictureSurface()->QtImage().width(), 201);
+    EXPECT_EQ(QRect(dialog.Picture1()->pos(), dialog.PictureSurface()->QtImage().size()),
+              QRect(96, 8, 201, 41));
     // The first row's function, typeset in red.
     EXPECT_GT(CountColour(dialog.PictureSurface()->QtImage(), 0x0000FF), 20);
     // Return calculates: the values stand right of their labels, each in its row's colour.
