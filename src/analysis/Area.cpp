@@ -23,7 +23,7 @@ constexpr double AreaZoomOutLimit = 163840;
 // result and for a point without a value. CalculateYValue gives that number without making the
 // text (on the compiled route), bit for bit the same.
 double AreaHeight(const YValue& y) {
-    return y.kind == YValue::Number ? y.value : 0.0;
+    return y.Known().value_or(0.0);
 }
 
 void Message(Session& s, const char* text) {

@@ -171,9 +171,9 @@ void CalculateYValues(Session& s, std::span<const double> xs, int slot, std::spa
             value[i] = results[i].value;
         RoundToNumberTextMany(value, n, valueRead);
         for (int i = 0; i < n; ++i)
-            out[start + static_cast<std::size_t>(i)] =
-                XTakesText(x[i], xRead[i]) ? ValueOf(EvaluateByText(s, x[i], slot))
-                                           : ValueOf(results[i].kind, valueRead[i]);
+            out[start + static_cast<std::size_t>(i)] = XTakesText(x[i], xRead[i])
+                                                           ? ValueOf(EvaluateByText(s, x[i], slot))
+                                                           : ValueOf(results[i].kind, valueRead[i]);
     }
 }
 
@@ -184,7 +184,8 @@ ValueSweep::ValueSweep(Session& s, int slot, double step, SampleOf sample, EvalP
 YValue ValueSweep::At(double x) {
     if (!compiled_) return CalculateYValue(s_, sample_ ? sample_(x) : x, slot_, path_);
     // The loop's x is compared bit for bit: it is the sweep's own when both added the same.
-    if (next_ == count_ || std::bit_cast<std::uint64_t>(loopX_[next_]) != std::bit_cast<std::uint64_t>(x))
+    if (next_ == count_ ||
+        std::bit_cast<std::uint64_t>(loopX_[next_]) != std::bit_cast<std::uint64_t>(x))
         Fill(x);
     return values_[next_++];
 }

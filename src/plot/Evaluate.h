@@ -1,6 +1,7 @@
 #pragma once
 // The value of a slot's function at an x. Results are text, "NA" marking no value.
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -31,6 +32,10 @@ struct YValue {
     enum Kind { Number, NotAvailable };
     Kind kind = NotAvailable;
     double value = 0; // the number the text of CalculateY reads back as ("0" for an empty result)
+    // The number; none where there is no value.
+    std::optional<double> Known() const {
+        return kind == Number ? std::optional<double>(value) : std::nullopt;
+    }
 };
 YValue CalculateYValue(Session& s, double x, int slot, EvalPath path = EvalPath::Auto);
 

@@ -209,7 +209,7 @@ class Painter {
             const auto start = std::find_if_not(text.begin(), text.end(), blank);
             return PrefixNumber(std::string(start, text.end()));
         }
-        return PaintValue(values.At(x)).value_or(0);
+        return values.At(x).Known().value_or(0);
     }
 
     void GridAndAxes() {

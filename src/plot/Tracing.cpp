@@ -64,7 +64,7 @@ class SlotTracer {
         // The value; "NA" fails, and SampleY keeps its last value.
         t_.Run([&] {
             const std::optional<double> v =
-                s_.PaintTextValues ? Value(sampleX) : PaintValue(samples.At(x));
+                s_.PaintTextValues ? Value(sampleX) : samples.At(x).Known();
             if (!v) return false;
             run_.SampleY = *v;
             return true;
@@ -260,18 +260,13 @@ bool LineStatement(Surface& box, double x1, double y1, double x2, double y2, boo
     return true;
 }
 
-std::optional<double> PaintValue(const YValue& v) {
-    if (v.kind != YValue::Number) return std::nullopt;
-    return v.value;
-}
-
 std::optional<double> PaintValue(Session& s, double x, int slot) {
     if (s.PaintTextValues) {
         const std::string text = CalculateY(s, x, slot, EvalPath::Text);
         if (!IsNumericText(text)) return std::nullopt;
         return PrefixNumber(text);
     }
-    return PaintValue(CalculateYValue(s, x, slot));
+    return CalculateYValue(s, x, slot).Known();
 }
 
 void RecordBreak(Session& s, PaintTrap& trap, double x) {

@@ -78,8 +78,6 @@ bool LineStatement(Surface& box, double x1, double y1, double x2, double y2, boo
 // The value of a slot at x as the painter reads it: no value for "NA". Goes through
 // CalculateYValue, or through the text of CalculateY when PaintTextValues is set.
 std::optional<double> PaintValue(Session& s, double x, int slot);
-// The same from a value already worked out on the compiled route.
-std::optional<double> PaintValue(const YValue& v);
 
 // Adds an entry to the break list (three statements, each of which fails beyond entry 1000).
 void RecordBreak(Session& s, PaintTrap& trap, double x);
