@@ -1,10 +1,10 @@
 // veritrace-cli area: the area under one function between two x, as Calculate Area works it out.
 
-#include <cmath>
-
 #include "analysis/Area.h"
-#include "cli/Command.h"
+#include "cli/Headless.h"
+#include "cli/Jobs.h"
 #include "cli/Json.h"
+#include "cli/Limits.h"
 #include "session/NumberText.h"
 
 namespace vt::cli {
@@ -21,57 +21,65 @@ bool StepNeverEnds(double a, double b, double dx) {
 
 } // namespace
 
-int AreaCommand(const QStringList& arguments) {
+Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Works out the area under one function row from A to B as the Calculate Area window\n"
         "does: samples at A, A + DX, ... and B, each at full weight, a point without a value\n"
         "counting 0; the result is signed and shown with two to four decimals.\n"
-        "A step that would never end the sum (0, or too small to move x) is refused.");
+        "A step that would never end the sum (0, or too small to move x) is refused, and so is\n"
+        "a sum of more than 100000000 samples.");
     parser.addOption(QCommandLineOption("from", "Start of the interval.", "A"));
     parser.addOption(QCommandLineOption("to", "End of the interval.", "B"));
     parser.addOption(QCommandLineOption("step", "The step dx.", "DX"));
     parser.addOption(QCommandLineOption("slot", "The function row, 0 to 4 (default 0).", "N", "0"));
     AddKeysOption(parser);
     AddJsonOption(parser);
-    if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
-    std::vector<std::string> keys;
-    if (!KeyStrings(parser, keys)) return ExitUsage;
-    for (const char* needed : {"from", "to", "step"}) {
-        if (!parser.isSet(needed)) {
-            Err(std::string("veritrace-cli area: give --") + needed);
-            return ExitUsage;
-        }
-    }
+    if (const auto code = ReadArguments(parser, arguments, out)) return *code;
+    AreaJob job;
+    auto keys = ReadKeys(parser, out);
+    if (!keys) return ExitUsage;
+    for (const char* needed : {"from", "to", "step"})
+        if (!parser.isSet(needed))
+            return BadArgument(out, std::string("veritrace-cli area: give --") + needed);
     bool slotOk = false;
-    const int slot = parser.value("slot").toInt(&slotOk);
-    if (!slotOk || slot < 0 || slot >= UsableSlots) {
-        Err("veritrace-cli area: --slot must be a row from 0 to 4");
-        return ExitUsage;
-    }
+    job.Slot = parser.value("slot").toInt(&slotOk);
+    if (!slotOk || job.Slot < 0 || job.Slot >= UsableSlots)
+        return BadArgument(out, "veritrace-cli area: --slot must be a row from 0 to 4");
+    job.Keys = std::move(*keys);
+    job.From = parser.value("from").toStdString();
+    job.To = parser.value("to").toStdString();
+    job.Step = parser.value("step").toStdString();
+    job.Json = parser.isSet("json");
+    return job;
+}
 
-    const std::string from = parser.value("from").toStdString();
-    const std::string to = parser.value("to").toStdString();
-    const std::string step = parser.value("step").toStdString();
+int RunArea(const AreaJob& job, Output& out) {
     // The window's own checks first, with its own messages, in its order.
-    if (const AreaCheck check = CheckAreaInput(from, to, step); check != AreaCheck::Ok) {
-        Err(AreaCheckMessage(check));
+    if (const AreaCheck check = CheckAreaInput(job.From, job.To, job.Step);
+        check != AreaCheck::Ok) {
+        out.Error(AreaCheckMessage(check));
         return ExitRefused;
     }
-    if (StepNeverEnds(PrefixNumber(from), PrefixNumber(to), PrefixNumber(step))) {
-        Err("The value of dx must move x from the minimum to the maximum range; " + step +
-            " never gets there.");
+    const double a = PrefixNumber(job.From), b = PrefixNumber(job.To), dx = PrefixNumber(job.Step);
+    if (StepNeverEnds(a, b, dx)) {
+        out.Error("The value of dx must move x from the minimum to the maximum range; " + job.Step +
+                  " never gets there.");
         return ExitRefused;
     }
+    if (const double samples = SweepSamples(a, b, dx); samples > MaxSamples)
+        return BadArgument(out, "veritrace-cli area: from " + job.From + " to " + job.To + " by " +
+                                    job.Step + " takes " + NumberText(samples) +
+                                    " samples; at most " + NumberText(MaxSamples) + " are taken");
 
-    Session s;
-    LoadKeys(s, keys);
-    const AreaOutcome outcome = CalculateArea(s, from, to, step, slot);
-    if (parser.isSet("json"))
-        Out("{\"area\":" + JsonString(outcome.Text) + "}");
+    HeadlessSession headless;
+    headless.LoadRows(job.Keys);
+    const AreaOutcome outcome = CalculateArea(headless.S(), job.From, job.To, job.Step, job.Slot);
+    if (job.Json)
+        PrintJson(out, {{"area", JsonText(outcome.Text)}});
     else
-        Out(outcome.Text);
-    return 0;
+        out.Line(outcome.Text);
+    return ExitDone;
 }
 
 } // namespace vt::cli

@@ -3,19 +3,11 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <cstdio>
-#include <memory>
 
-#include "cli/Command.h"
-#include "entry/Entry.h"
-#include "session/Startup.h"
+#include "cli/Jobs.h"
+#include "session/Session.h"
 
 namespace vt::cli {
-
-int FormulasCommand(const QStringList& arguments);
-int EvalCommand(const QStringList& arguments);
-int ExportCommand(const QStringList& arguments);
-int EquationCommand(const QStringList& arguments);
-int AreaCommand(const QStringList& arguments);
 
 namespace {
 
@@ -35,16 +27,43 @@ std::string Usage() {
     return text;
 }
 
+// Picks the command named by the first argument and runs it.
+int Dispatch(QStringList arguments, Output& out) {
+    if (arguments.size() < 2) return BadArgument(out, Usage());
+    const QString name = arguments.at(1);
+    if (name == "--help" || name == "-h" || name == "help") {
+        out.Line(Usage());
+        return ExitDone;
+    }
+    if (name == "--version" || name == "-v") {
+        out.Line(std::string("veritrace-cli ") + VERITRACE_VERSION);
+        return ExitDone;
+    }
+    for (const auto& command : Commands()) {
+        if (name == command.Name) {
+            arguments.removeAt(1);
+            arguments[0] = QString("veritrace-cli ") + command.Name;
+            return command.Run(arguments, out);
+        }
+    }
+    out.Error("veritrace-cli: unknown command '" + name.toStdString() + "'");
+    return BadArgument(out, Usage());
+}
+
 } // namespace
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        {"formulas", "show the entry, display and evaluator texts of each function", FormulasCommand},
-        {"eval", "evaluate every function at one x, as Evaluate f(x) does", EvalCommand},
-        {"export", "paint the graph as the window does and write it as BMP or PNG", ExportCommand},
+        {"formulas", "show the entry, display and evaluator texts of each function",
+         ParseAndRun<FormulasJob, ParseFormulas, RunFormulas>},
+        {"eval", "evaluate every function at one x, as Evaluate f(x) does",
+         ParseAndRun<EvalJob, ParseEval, RunEval>},
+        {"export", "paint the graph as the window does and write it as BMP or PNG",
+         ParseAndRun<ExportJob, ParseExport, RunExport>},
         {"equation", "typeset the function rows as the window shows them, as an image",
-         EquationCommand},
-        {"area", "the area under one function between two x, as Calculate Area does", AreaCommand},
+         ParseAndRun<EquationJob, ParseEquation, RunEquation>},
+        {"area", "the area under one function between two x, as Calculate Area does",
+         ParseAndRun<AreaJob, ParseArea, RunArea>},
     };
     return commands;
 }
@@ -58,50 +77,47 @@ void AddJsonOption(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption("json", "Print one JSON object instead of text."));
 }
 
-int ParseOrExit(QCommandLineParser& parser, const QStringList& arguments) {
+std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& arguments,
+                                 Output& out) {
     const QCommandLineOption help = parser.addHelpOption();
     if (!parser.parse(arguments)) {
-        Err("veritrace-cli: " + parser.errorText().toStdString());
-        Err(parser.helpText().toStdString());
-        return ExitUsage;
+        out.Error("veritrace-cli: " + parser.errorText().toStdString());
+        return BadArgument(out, parser.helpText().toStdString());
     }
     if (parser.isSet(help)) {
-        Out(parser.helpText().toStdString());
-        return 0;
+        out.Line(parser.helpText().toStdString());
+        return ExitDone;
     }
     if (!parser.positionalArguments().isEmpty()) {
-        Err("veritrace-cli: unexpected argument '" +
-            parser.positionalArguments().first().toStdString() + "'");
-        Err(parser.helpText().toStdString());
-        return ExitUsage;
+        out.Error("veritrace-cli: unexpected argument '" +
+                  parser.positionalArguments().first().toStdString() + "'");
+        return BadArgument(out, parser.helpText().toStdString());
     }
-    return -1;
+    return std::nullopt;
 }
 
-bool KeyStrings(const QCommandLineParser& parser, std::vector<std::string>& keys) {
-    keys.clear();
-    for (const QString& value : parser.values("keys")) keys.push_back(value.toStdString());
+std::optional<std::vector<std::string>> ReadKeys(const QCommandLineParser& parser, Output& out) {
+    std::vector<std::string> keys;
+    for (const QString& value : parser.values("keys"))
+        keys.push_back(value.toStdString());
     if (keys.size() > static_cast<std::size_t>(UsableSlots)) {
-        Err("veritrace-cli: at most five functions (-k) can be given");
-        return false;
+        BadArgument(out, "veritrace-cli: at most five functions (-k) can be given");
+        return std::nullopt;
     }
-    return true;
+    for (const std::string& row : keys) {
+        if (row.size() > MaxKeysPerRow) {
+            BadArgument(out, "veritrace-cli: a function row takes at most " +
+                                 std::to_string(MaxKeysPerRow) + " keys; -k gave " +
+                                 std::to_string(row.size()));
+            return std::nullopt;
+        }
+    }
+    return keys;
 }
 
-void LoadKeys(Session& s, const std::vector<std::string>& keys) {
-    StartSession(s);
-    for (std::size_t slot = 0; slot < keys.size(); ++slot)
-        ReplaySlotKeys(s, static_cast<int>(slot), keys[slot]);
-}
-
-void Out(const std::string& text) {
-    std::fputs(text.c_str(), stdout);
-    std::fputc('\n', stdout);
-}
-
-void Err(const std::string& text) {
-    std::fputs(text.c_str(), stderr);
-    std::fputc('\n', stderr);
+int BadArgument(Output& out, const std::string& message) {
+    out.Error(message);
+    return ExitUsage;
 }
 
 int Main(int argc, char** argv) {
@@ -111,30 +127,11 @@ int Main(int argc, char** argv) {
     QCoreApplication::setApplicationName("veritrace-cli");
     QCoreApplication::setApplicationVersion(VERITRACE_VERSION);
 
-    QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() < 2) {
-        Err(Usage());
-        return ExitUsage;
-    }
-    const QString name = arguments.at(1);
-    if (name == "--help" || name == "-h" || name == "help") {
-        Out(Usage());
-        return 0;
-    }
-    if (name == "--version" || name == "-v") {
-        Out(std::string("veritrace-cli ") + VERITRACE_VERSION);
-        return 0;
-    }
-    for (const auto& command : Commands()) {
-        if (name == command.Name) {
-            arguments.removeAt(1);
-            arguments[0] = QString("veritrace-cli ") + command.Name;
-            return command.Run(arguments);
-        }
-    }
-    Err("veritrace-cli: unknown command '" + name.toStdString() + "'");
-    Err(Usage());
-    return ExitUsage;
+    Output out;
+    const int code = Dispatch(QCoreApplication::arguments(), out);
+    std::fputs(out.Out.c_str(), stdout);
+    std::fputs(out.Err.c_str(), stderr);
+    return code;
 }
 
 } // namespace vt::cli

@@ -1,46 +1,73 @@
 #pragma once
-// What the subcommands of veritrace-cli share: their table, the function keys option, and the
-// session they build from it.
+// The frame every command of veritrace-cli fits in. A command is three things: a job (a plain
+// struct with what the command line asked for), a parser that turns the arguments into the job,
+// and a runner that does the job and knows nothing of the command line. The runner writes into
+// an Output, so that it can be run and checked without a process around it.
 
 #include <QCommandLineParser>
 #include <QStringList>
+#include <optional>
 #include <string>
+#include <variant>
 #include <vector>
-
-#include "session/Session.h"
 
 namespace vt::cli {
 
-// Exit codes: 0 done, 1 the input was refused (a message says why), 2 bad arguments.
+// Exit codes: 0 done, 1 the input was refused (a message says why), 2 bad arguments, and work
+// the companion will not take on (a view it cannot paint, too many samples).
+constexpr int ExitDone = 0;
 constexpr int ExitRefused = 1;
 constexpr int ExitUsage = 2;
+
+// What a command prints: its standard output and its error output, each line ended by "\n".
+struct Output {
+    std::string Out;
+    std::string Err;
+    void Line(const std::string& text) { Out += text + '\n'; }
+    void Error(const std::string& text) { Err += text + '\n'; }
+};
+
+// What a parser gives back: the job, or the exit code to end with at once (after --help, or
+// after the message about a bad argument).
+template <class Job> using Parsed = std::variant<Job, int>;
 
 struct Command {
     const char* Name;
     const char* Summary;
-    int (*Run)(const QStringList& arguments); // arguments[0] is "veritrace-cli <name>"
+    int (*Run)(const QStringList& arguments, Output& out); // arguments[0] is the program
 };
 
-// The table of subcommands, in the order the help lists them.
+// Parses, and runs the job when there is one.
+template <class Job, Parsed<Job> (*Parse)(const QStringList&, Output&),
+          int (*Execute)(const Job&, Output&)>
+int ParseAndRun(const QStringList& arguments, Output& out) {
+    Parsed<Job> parsed = Parse(arguments, out);
+    if (const int* code = std::get_if<int>(&parsed)) return *code;
+    return Execute(std::get<Job>(parsed), out);
+}
+
+// The table of commands, in the order the help lists them.
 const std::vector<Command>& Commands();
 
 // Adds -k/--keys (repeatable) and --json to a parser.
 void AddKeysOption(QCommandLineParser& parser);
 void AddJsonOption(QCommandLineParser& parser);
 
-// Parses the arguments of a subcommand. On a bad argument or --help it prints (usage on stderr
-// for an error) and returns the exit code to end with; otherwise -1.
-int ParseOrExit(QCommandLineParser& parser, const QStringList& arguments);
+// Reads the arguments with the parser (which gets --help here). Returns the exit code to end
+// with now: 0 after printing the help, 2 after a parse error or a stray argument (with the
+// usage). None when the options are there to be read.
+std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& arguments,
+                                 Output& out);
 
-// The key strings given with -k, at most five. Returns false (after a message) on more.
-bool KeyStrings(const QCommandLineParser& parser, std::vector<std::string>& keys);
+// The most keys one -k may give. A row holds 2001 tokens, and every key, taken or refused,
+// rebuilds the whole row, so a longer string only costs time: ten thousand keys take seconds.
+constexpr std::size_t MaxKeysPerRow = 4096;
 
-// A session as the program has it after start, with each key string replayed into its slot
-// 0, 1, ... as loading a graph data file does.
-void LoadKeys(Session& s, const std::vector<std::string>& keys);
+// The key strings given with -k, at most five of at most MaxKeysPerRow keys each; none (after
+// the message) otherwise.
+std::optional<std::vector<std::string>> ReadKeys(const QCommandLineParser& parser, Output& out);
 
-// Prints to stdout / stderr, with a newline.
-void Out(const std::string& text);
-void Err(const std::string& text);
+// Prints the message for a bad argument and gives the exit code for it.
+int BadArgument(Output& out, const std::string& message);
 
 } // namespace vt::cli

@@ -1,13 +1,16 @@
 // veritrace-cli eval: the value of every function at one x, as Evaluate f(x) shows it.
 
-#include "cli/Command.h"
+#include <QJsonArray>
+
+#include "cli/Headless.h"
+#include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "plot/Evaluate.h"
 #include "session/NumberText.h"
 
 namespace vt::cli {
 
-int EvalCommand(const QStringList& arguments) {
+Parsed<EvalJob> ParseEval(const QStringList& arguments, Output& out) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Evaluates each function row at x as the Evaluate f(x) window does: an empty row gives\n"
@@ -15,41 +18,46 @@ int EvalCommand(const QStringList& arguments) {
     parser.addOption(QCommandLineOption("at", "The x to evaluate at.", "X"));
     AddKeysOption(parser);
     AddJsonOption(parser);
-    if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
-    std::vector<std::string> keys;
-    if (!KeyStrings(parser, keys)) return ExitUsage;
-    if (!parser.isSet("at")) {
-        Err("veritrace-cli eval: give the x to evaluate at with --at X");
-        return ExitUsage;
-    }
-    const std::string given = parser.value("at").toStdString();
-    if (!IsNumericText(given)) {
-        Err("x must be a number.");
+    if (const auto code = ReadArguments(parser, arguments, out)) return *code;
+    EvalJob job;
+    auto keys = ReadKeys(parser, out);
+    if (!keys) return ExitUsage;
+    if (!parser.isSet("at"))
+        return BadArgument(out, "veritrace-cli eval: give the x to evaluate at with --at X");
+    job.Keys = std::move(*keys);
+    job.At = parser.value("at").toStdString();
+    job.Json = parser.isSet("json");
+    return job;
+}
+
+int RunEval(const EvalJob& job, Output& out) {
+    if (!IsNumericText(job.At)) {
+        out.Error("x must be a number.");
         return ExitRefused;
     }
-    const double x = PrefixNumber(given);
+    const double x = PrefixNumber(job.At);
 
-    Session s;
-    LoadKeys(s, keys);
+    HeadlessSession headless;
+    Session& s = headless.S();
+    headless.LoadRows(job.Keys);
     PreCalcFX(s);
     std::vector<std::string> values;
-    for (int slot = 0; slot < UsableSlots; ++slot) values.push_back(CalculateYEval(s, x, slot));
+    for (int slot = 0; slot < UsableSlots; ++slot)
+        values.push_back(CalculateYEval(s, x, slot));
 
-    if (parser.isSet("json")) {
-        std::string out = "{\"x\":" + JsonString(given) + ",\"values\":[";
-        for (std::size_t i = 0; i < values.size(); ++i)
-            out += (i ? "," : "") + JsonString(values[i]);
-        Out(out + "]}");
-        return 0;
+    if (job.Json) {
+        QJsonArray list;
+        for (const std::string& value : values)
+            list.append(JsonText(value));
+        PrintJson(out, {{"x", JsonText(job.At)}, {"values", list}});
+        return ExitDone;
     }
-    for (int slot = 0; slot < UsableSlots; ++slot) {
-        const std::string& keysOfSlot =
-            slot < static_cast<int>(keys.size()) ? keys[static_cast<std::size_t>(slot)] : "";
-        if (keysOfSlot.empty()) continue;
-        Out("f" + std::to_string(slot + 1) + "(" + given + ") = " +
-            values[static_cast<std::size_t>(slot)] + "    [" + keysOfSlot + "]");
+    for (std::size_t slot = 0; slot < job.Keys.size(); ++slot) {
+        if (job.Keys[slot].empty()) continue;
+        out.Line("f" + std::to_string(slot + 1) + "(" + job.At + ") = " + values[slot] + "    [" +
+                 job.Keys[slot] + "]");
     }
-    return 0;
+    return ExitDone;
 }
 
 } // namespace vt::cli

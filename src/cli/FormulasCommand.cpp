@@ -1,6 +1,9 @@
 // veritrace-cli formulas: what the program makes of each typed function.
 
-#include "cli/Command.h"
+#include <QJsonArray>
+
+#include "cli/Headless.h"
+#include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
@@ -8,7 +11,7 @@
 
 namespace vt::cli {
 
-int FormulasCommand(const QStringList& arguments) {
+Parsed<FormulasJob> ParseFormulas(const QStringList& arguments, Output& out) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Replays the keys of each function row as loading a graph data file does, and shows\n"
@@ -16,48 +19,53 @@ int FormulasCommand(const QStringList& arguments) {
         "and whether it is complete; then whether the graph commands are open.");
     AddKeysOption(parser);
     AddJsonOption(parser);
-    if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
-    std::vector<std::string> keys;
-    if (!KeyStrings(parser, keys)) return ExitUsage;
-    if (keys.empty()) {
-        Err("veritrace-cli formulas: give at least one function with -k KEYS");
-        return ExitUsage;
-    }
+    if (const auto code = ReadArguments(parser, arguments, out)) return *code;
+    FormulasJob job;
+    auto keys = ReadKeys(parser, out);
+    if (!keys) return ExitUsage;
+    if (keys->empty())
+        return BadArgument(out, "veritrace-cli formulas: give at least one function with -k KEYS");
+    job.Keys = std::move(*keys);
+    job.Json = parser.isSet("json");
+    return job;
+}
 
-    Session s;
-    LoadKeys(s, keys);
+int RunFormulas(const FormulasJob& job, Output& out) {
+    HeadlessSession headless;
+    Session& s = headless.S();
+    headless.LoadRows(job.Keys);
     PreCalcFX(s);
     const bool canGraph = CanGraph(s);
 
-    if (parser.isSet("json")) {
-        std::string out = "{\"slots\":[";
+    if (job.Json) {
+        QJsonArray rows;
         for (int slot = 0; slot < UsableSlots; ++slot) {
-            const std::string given =
-                slot < static_cast<int>(keys.size()) ? keys[static_cast<std::size_t>(slot)] : "";
-            if (slot > 0) out += ",";
-            out += "{\"slot\":" + std::to_string(slot) + ",\"keys\":" + JsonString(given) +
-                   ",\"entry\":" + JsonString(EntryText(s, slot)) +
-                   ",\"display\":" + JsonString(DisplayText(s, slot)) +
-                   ",\"graphable\":" + JsonString(GraphableText(s, slot)) +
-                   ",\"script\":" + JsonString(s.ScriptText(slot)) +
-                   ",\"incomplete\":" + JsonBool(s.SlotIncomplete(slot)) + "}";
+            const auto i = static_cast<std::size_t>(slot);
+            rows.append(QJsonObject{
+                {"slot", slot},
+                {"keys", JsonText(i < job.Keys.size() ? job.Keys[i] : "")},
+                {"entry", JsonText(EntryText(s, slot))},
+                {"display", JsonText(DisplayText(s, slot))},
+                {"graphable", JsonText(GraphableText(s, slot))},
+                {"script", JsonText(s.ScriptText(slot))},
+                {"incomplete", s.SlotIncomplete(slot)},
+            });
         }
-        out += std::string("],\"can_graph\":") + JsonBool(canGraph) + "}";
-        Out(out);
-        return 0;
+        PrintJson(out, {{"slots", rows}, {"can_graph", canGraph}});
+        return ExitDone;
     }
 
-    for (int slot = 0; slot < static_cast<int>(keys.size()); ++slot) {
-        Out("f" + std::to_string(slot + 1) + " (row " + std::to_string(slot) + ")");
-        Out("  keys:       " + keys[static_cast<std::size_t>(slot)]);
-        Out("  entry:      " + EntryText(s, slot));
-        Out("  display:    " + DisplayText(s, slot));
-        Out("  graphable:  " + GraphableText(s, slot));
-        Out("  script:     " + s.ScriptText(slot));
-        Out(std::string("  complete:   ") + (s.SlotIncomplete(slot) ? "no" : "yes"));
+    for (int slot = 0; slot < static_cast<int>(job.Keys.size()); ++slot) {
+        out.Line("f" + std::to_string(slot + 1) + " (row " + std::to_string(slot) + ")");
+        out.Line("  keys:       " + job.Keys[static_cast<std::size_t>(slot)]);
+        out.Line("  entry:      " + EntryText(s, slot));
+        out.Line("  display:    " + DisplayText(s, slot));
+        out.Line("  graphable:  " + GraphableText(s, slot));
+        out.Line("  script:     " + s.ScriptText(slot));
+        out.Line(std::string("  complete:   ") + (s.SlotIncomplete(slot) ? "no" : "yes"));
     }
-    Out(std::string("graph command: ") + (canGraph ? "open" : "closed"));
-    return 0;
+    out.Line(std::string("graph command: ") + (canGraph ? "open" : "closed"));
+    return ExitDone;
 }
 
 } // namespace vt::cli

@@ -1,32 +1,22 @@
 #pragma once
-// A few helpers to write JSON by hand: the command-line output is small and fixed in shape.
+// The companion's JSON: one compact object a run, on one line.
 
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QString>
 #include <string>
+
+#include "cli/Command.h"
 
 namespace vt::cli {
 
-inline std::string JsonString(const std::string& text) {
-    std::string out = "\"";
-    for (unsigned char c : text) {
-        switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        default:
-            if (c < 0x20) {
-                char buffer[8];
-                std::snprintf(buffer, sizeof buffer, "\\u%04x", c);
-                out += buffer;
-            } else {
-                out += static_cast<char>(c);
-            }
-        }
-    }
-    return out + "\"";
+inline QJsonValue JsonText(const std::string& text) {
+    return QString::fromStdString(text);
 }
 
-inline const char* JsonBool(bool value) { return value ? "true" : "false"; }
+inline void PrintJson(Output& out, const QJsonObject& object) {
+    out.Line(QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString());
+}
 
 } // namespace vt::cli

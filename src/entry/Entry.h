@@ -1,6 +1,7 @@
 #pragma once
 // Equation entry: keys into a row's token list under the entry rules.
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -53,6 +54,13 @@ void ClearAllRows(Session& s);
 // Feeds a slot's text as a file load does: TrigFromMenu set, the slot active, each character's
 // code through Paper_KeyPress; then TrigFromMenu cleared and slot 0 active.
 void ReplaySlotKeys(Session& s, int slot, std::string_view keys);
+
+// What loading a graph data file does to the rows: ClearAllRows, then with TrigFromMenu set the
+// text of slot i (i = 0 .. 4, as many as are given) fed character by character through
+// Paper_KeyPress with slot i active; then TrigFromMenu cleared, slot 0 active and ShownRows 0.
+// Returns the last slot whose text was not empty, -1 if none: the loader reveals the rows up to
+// it.
+int ReplayRows(Session& s, std::span<const std::string> slotTexts);
 
 // The Insert commands for sine, cosine and tangent (mnuSin_Click, mnuCos_Click, mnuTan_Click).
 void mnuSin_Click(Session& s);

@@ -1,6 +1,7 @@
 // Keys into a row: the class test against the key mask, the entry rules, Backspace, the rescan
 // of the row's flags, and the finish that regroups, rebuilds and repaints the rows.
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -379,6 +380,27 @@ void ReplaySlotKeys(Session& s, int slot, std::string_view keys) {
         Paper_KeyPress(s, slot, static_cast<unsigned char>(c));
     s.TrigFromMenu = false;
     s.ActiveSlot = 0;
+}
+
+int ReplayRows(Session& s, std::span<const std::string> slotTexts) {
+    ClearAllRows(s);
+    // Left set for all the slots, so that the letters standing for sine, cosine and tangent
+    // pass the entry rules.
+    s.TrigFromMenu = true;
+    int lastUsed = -1;
+    const std::size_t slots = std::min(slotTexts.size(), static_cast<std::size_t>(UsableSlots));
+    for (std::size_t i = 0; i < slots; ++i) {
+        const int slot = static_cast<int>(i);
+        s.ActiveSlot = slot;
+        for (char c : slotTexts[i]) {
+            Paper_KeyPress(s, slot, static_cast<unsigned char>(c));
+            lastUsed = slot;
+        }
+    }
+    s.TrigFromMenu = false;
+    s.ActiveSlot = 0;
+    s.ShownRows = 0;
+    return lastUsed;
 }
 
 namespace {

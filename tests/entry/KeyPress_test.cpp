@@ -98,6 +98,36 @@ TEST(ReplaySlotKeys, FeedsAFileTextThroughTheRules) {
     EXPECT_EQ(EntryText(*s, 1), "x+P");
 }
 
+TEST(ReplayRows, ClearsEveryRowThenReplaysEachSlotAsALoadDoes) {
+    // {slot texts; the entry texts of rows 0..4, "|" between; last used slot; graph open}.
+    // The start state counts row 0 unfinished; the clearing first makes an empty row 0
+    // complete, so a function in row 1 alone opens the graph command.
+    const std::tuple<std::vector<std::string>, const char*, int, bool> cases[] = {
+        {{"", "x"}, "|x|||", 1, true},
+        {{"S(x)", "", "xx2"}, "S(x)||x||", 2, true},
+        {{"x", "", "", "x+"}, "x|||x+|", 3, false},
+        {{}, "||||", -1, false},
+        {{"", "", "", "", "", "x"}, "||||", -1, false}};
+    for (const auto& [texts, rows, lastUsed, canGraph] : cases) {
+        SCOPED_TRACE(rows);
+        auto s = NewEntrySession();
+        s->SlotIncomplete(0) = true;
+        s->ActiveSlot = 4;
+        TypeFromMenu(*s, "2x^(");
+        s->ShownRows = 4;
+
+        EXPECT_EQ(ReplayRows(*s, texts), lastUsed);
+
+        std::string joined;
+        for (int slot = 0; slot < UsableSlots; ++slot)
+            joined += (slot ? "|" : "") + EntryText(*s, slot);
+        EXPECT_EQ(joined, rows);
+        EXPECT_EQ(CanGraph(*s), canGraph);
+        EXPECT_EQ(std::tuple(s->ActiveSlot, s->ShownRows, s->TrigFromMenu),
+                  std::tuple(0, 0, false));
+    }
+}
+
 TEST(EntryReset, ResetEntryStateClearsRowsAndKeepsTheFractionState) {
     auto s = NewEntrySession();
     TypeFromMenu(*s, "(|x");

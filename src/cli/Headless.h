@@ -1,0 +1,44 @@
+#pragma once
+// The session every command starts from: the program just started, with nobody at the window.
+// Its message boxes are kept for the output and every question gets its default answer; the
+// rows and the graph box get image surfaces only when a command draws.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/CliPlatform.h"
+#include "render/RasterSurface.h"
+#include "session/Session.h"
+
+namespace vt::cli {
+
+class HeadlessSession {
+  public:
+    // The session as the program's start leaves it.
+    HeadlessSession();
+    HeadlessSession(const HeadlessSession&) = delete;
+    HeadlessSession& operator=(const HeadlessSession&) = delete;
+
+    Session& S() { return *session_; }
+    // The messages the program showed, in order.
+    const std::vector<std::string>& Messages() const { return dialogs_.Messages; }
+
+    // Gives the five rows their surfaces, so that typing typesets them.
+    void AttachRows();
+    // The row's surface; AttachRows first.
+    const render::RasterSurface& Row(int slot) const;
+    // Gives the session a graph box of the size given, in pixels.
+    render::RasterSurface& AttachGraphBox(int pixelWidth, int pixelHeight);
+
+    // Fills the rows from the key strings, rows 0 upward, as loading a graph data file does.
+    void LoadRows(const std::vector<std::string>& keys);
+
+  private:
+    std::unique_ptr<Session> session_;
+    CliPlatform dialogs_;
+    std::vector<std::unique_ptr<render::RasterSurface>> rows_;
+    std::unique_ptr<render::RasterSurface> graphBox_;
+};
+
+} // namespace vt::cli

@@ -1,0 +1,68 @@
+#pragma once
+// The commands of veritrace-cli, each as its job, its parser and its runner. To add a command:
+// a job struct here, its parser and runner in a file of its own, and a line in the table of
+// Commands().
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/Command.h"
+
+namespace vt::cli {
+
+// formulas: the texts the program makes of each row's keys, and whether the graph commands
+// are open.
+struct FormulasJob {
+    std::vector<std::string> Keys; // one key string a row, rows 0 upward
+    bool Json = false;
+};
+Parsed<FormulasJob> ParseFormulas(const QStringList& arguments, Output& out);
+int RunFormulas(const FormulasJob& job, Output& out);
+
+// eval: every row's value at one x, as Evaluate f(x) shows it.
+struct EvalJob {
+    std::vector<std::string> Keys;
+    std::string At; // the x as typed; the runner checks it as the window does
+    bool Json = false;
+};
+Parsed<EvalJob> ParseEval(const QStringList& arguments, Output& out);
+int RunEval(const EvalJob& job, Output& out);
+
+// area: the area under one row's function, as Calculate Area works it out.
+struct AreaJob {
+    std::vector<std::string> Keys;
+    std::string From, To, Step; // as typed into the dialog's three boxes
+    int Slot = 0;
+    bool Json = false;
+};
+Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out);
+int RunArea(const AreaJob& job, Output& out);
+
+// export: the graph box painted as the window paints it, written to an image.
+struct ViewBounds {
+    double XMin = -20, XMax = 20, YMin = -20, YMax = 20;
+};
+struct ShadeBand {
+    double From = 0, To = 0;
+    int Style = 0; // the fill style, 0..7
+};
+struct ExportJob {
+    std::vector<std::string> Keys;
+    std::string ImagePath; // ends in .bmp or .png
+    ViewBounds View;
+    std::optional<ShadeBand> Shade;
+    bool Auto = false, HideGrid = false, Quadrants = false, Json = false;
+};
+Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out);
+int RunExport(const ExportJob& job, Output& out);
+
+// equation: the typeset rows stacked in one image.
+struct EquationJob {
+    std::vector<std::string> Keys;
+    std::string ImagePath; // ends in .bmp or .png
+};
+Parsed<EquationJob> ParseEquation(const QStringList& arguments, Output& out);
+int RunEquation(const EquationJob& job, Output& out);
+
+} // namespace vt::cli
