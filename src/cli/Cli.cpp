@@ -64,6 +64,8 @@ const std::vector<Command>& Commands() {
          ParseAndRun<EquationJob, ParseEquation, RunEquation>},
         {"area", "the area under one function between two x, as Calculate Area does",
          ParseAndRun<AreaJob, ParseArea, RunArea>},
+        {"fit", "a line or polynomial through points, as regression mode fits it",
+         ParseAndRun<FitJob, ParseFit, RunFit>},
     };
     return commands;
 }
