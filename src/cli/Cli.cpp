@@ -16,6 +16,7 @@ int EvalCommand(const QStringList& arguments);
 int ExportCommand(const QStringList& arguments);
 int EquationCommand(const QStringList& arguments);
 int AreaCommand(const QStringList& arguments);
+int BreakdownCommand(const QStringList& arguments);
 
 namespace {
 
@@ -45,6 +46,7 @@ const std::vector<Command>& Commands() {
         {"equation", "typeset the function rows as the window shows them, as an image",
          EquationCommand},
         {"area", "the area under one function between two x, as Calculate Area does", AreaCommand},
+        {"breakdown", "read an equation into signed rational terms", BreakdownCommand},
     };
     return commands;
 }
