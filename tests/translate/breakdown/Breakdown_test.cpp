@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <random>
 
 #include "entry/Entry.h"
+#include "entry/TokenText.h"
 #include "translate/breakdown/Breakdown.h"
 
 namespace vt {
@@ -224,6 +226,38 @@ TEST(Breakdown, EntryResetEmptiesTheTokens) {
     EXPECT_EQ(s->BreakdownTokens(2), "");
     EXPECT_EQ(s->BreakdownCount, 0);
     EXPECT_EQ(s->BreakdownSide, 0);
+}
+
+TEST(Breakdown, AnyTokenListEndsInTextOrAnError) {
+    // Random lists, in one session so that each run also meets what the last one left in the
+    // tables; a few run past the last cell. Whatever the list, the run ends, a completed sign
+    // stage starts with a sign, and terms come only from a run that finished.
+    const Tokens alphabet = {"0", "1", "2", "9",  ".",   "+",   "-",    "*",    "/",    "^",
+                             "~", "|", "(", ")",  "x",   "S",   "E",    "=",    "<",    ">",
+                             "[", "",  "P", "12", "3/4", "2~3", "1E-5", "1E+2", "abs(", ";"};
+    std::mt19937 random(14);
+    auto s = std::make_unique<Session>();
+    int outcomes[5] = {};
+    for (int run = 0; run < 1500; ++run) {
+        const int length = run % 100 == 99 ? 1990 + run % 20 : static_cast<int>(random() % 60);
+        Tokens tokens;
+        for (int k = 0; k < length; ++k)
+            tokens.push_back(alphabet[random() % alphabet.size()]);
+        if (SetBreakdownTokens(*s, tokens) != BreakdownError::None) continue;
+        const BreakdownRun result = RunBreakdown(*s);
+        if (!result.Normalised.empty()) {
+            EXPECT_TRUE(IsSign(result.Normalised.front()));
+        }
+        ++outcomes[static_cast<int>(result.Error)];
+        if (result.Error == BreakdownError::None) {
+            EXPECT_EQ(static_cast<int>(result.Terms.size()), s->TermCount(0, 0));
+        } else {
+            EXPECT_TRUE(result.Terms.empty() && result.Text.empty());
+        }
+    }
+    // The lists reach both finished runs and every kind of error.
+    for (int outcome : outcomes)
+        EXPECT_GT(outcome, 0);
 }
 
 } // namespace vt
