@@ -66,6 +66,8 @@ const std::vector<Command>& Commands() {
          ParseAndRun<AreaJob, ParseArea, RunArea>},
         {"fit", "a line or polynomial through points, as regression mode fits it",
          ParseAndRun<FitJob, ParseFit, RunFit>},
+        {"breakdown", "read an equation into signed rational terms, stage by stage",
+         ParseAndRun<BreakdownJob, ParseBreakdown, RunBreakdown>},
     };
     return commands;
 }

@@ -80,4 +80,13 @@ struct FitJob {
 Parsed<FitJob> ParseFit(const QStringList& arguments, Output& out);
 int RunFit(const FitJob& job, Output& out);
 
+// breakdown: an equation read into signed rational terms, stage by stage.
+struct BreakdownJob {
+    std::optional<std::string> Keys;   // -k: typed into row 0
+    std::optional<std::string> Tokens; // --tokens: one token a cell, blanks between
+    bool Json = false;
+};
+Parsed<BreakdownJob> ParseBreakdown(const QStringList& arguments, Output& out);
+int RunBreakdown(const BreakdownJob& job, Output& out);
+
 } // namespace vt::cli
