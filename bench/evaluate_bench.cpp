@@ -7,9 +7,10 @@
 #include <memory>
 #include <vector>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"

@@ -5,9 +5,8 @@
 
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "session/MainCommands.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "translate/Graphable.h"
 
 namespace vt {

@@ -4,8 +4,8 @@
 
 #include "display/Typesetter.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "translate/Graphable.h"
 
 namespace vt {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "session/Session.h"
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt {
 

@@ -5,7 +5,7 @@
 #include "analysis/Area.h"
 #include "cli/Command.h"
 #include "cli/Json.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::cli {
 

@@ -6,8 +6,9 @@
 #include <memory>
 
 #include "cli/Command.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
-#include "session/Startup.h"
+#include "commands/Startup.h"
 
 namespace vt::cli {
 

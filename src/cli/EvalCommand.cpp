@@ -3,7 +3,7 @@
 #include "cli/Command.h"
 #include "cli/Json.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::cli {
 

@@ -11,7 +11,7 @@
 #include "plot/Tracing.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::cli {
 

@@ -5,9 +5,9 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "session/Checked.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
+#include "base/Checked.h"
+#include "base/NumberText.h"
+#include "base/Platform.h"
 
 namespace vt {
 

@@ -1,6 +1,6 @@
 #include "entry/TokenText.h"
 
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 
@@ -21,5 +21,9 @@ bool IsNumberFraction(const std::string& s) {
 }
 
 bool IsNumeric(const std::string& s) { return IsNumericText(s); }
+
+bool IsTrigToken(const std::string& s) {
+    return s == "S" || s == "C" || s == "T";
+}
 
 } // namespace vt

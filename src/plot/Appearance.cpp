@@ -6,8 +6,8 @@
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
+#include "base/NumberText.h"
+#include "base/Platform.h"
 
 namespace vt {
 

@@ -4,7 +4,7 @@
 // each writes the session and redraws.
 
 #include "session/Session.h"
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "plot/Expression.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 

@@ -8,8 +8,8 @@
 #include "plot/Evaluate.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "session/NumberText.h"
-#include "session/Surface.h"
+#include "base/NumberText.h"
+#include "base/Surface.h"
 
 namespace vt {
 

@@ -3,7 +3,7 @@
 // shaded band, grid, axes, the five numbers, the quadrant numerals, then the curves.
 
 #include "session/Session.h"
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt {
 

@@ -8,8 +8,8 @@
 #include "plot/Evaluate.h"
 #include "plot/Painter.h"
 #include "plot/View.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "translate/Graphable.h"
 
 namespace vt {

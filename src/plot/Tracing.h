@@ -8,7 +8,7 @@
 
 #include "plot/Evaluate.h"
 #include "session/Session.h"
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt {
 

@@ -6,8 +6,8 @@
 
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
-#include "session/NumberText.h"
-#include "session/Surface.h"
+#include "base/NumberText.h"
+#include "base/Surface.h"
 
 namespace vt {
 

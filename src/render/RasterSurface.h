@@ -45,7 +45,7 @@
 #include <functional>
 #include <optional>
 
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt::render {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "session/Checked.h"
+#include "base/Checked.h"
 
 namespace vt {
 

@@ -5,13 +5,13 @@
 #include <array>
 #include <functional>
 
-#include "analysis/AnalysisState.h"
-#include "display/DisplayState.h"
-#include "entry/EntryState.h"
-#include "plot/PlotState.h"
+#include "session/AnalysisState.h"
+#include "session/DisplayState.h"
+#include "session/EntryState.h"
+#include "session/PlotState.h"
 #include "session/CoreState.h"
 #include "session/WindowState.h"
-#include "translate/BuildState.h"
+#include "session/BuildState.h"
 
 namespace vt {
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "session/Checked.h"
+#include "base/Checked.h"
 
 namespace vt {
 
@@ -25,6 +25,9 @@ struct ToolButton {
     bool Separator = false;
     std::vector<std::string> DropDown; // entries of the button's drop-down menu, if it has one
 };
+
+// The message of a command whose window or dialog the program does not have yet.
+inline constexpr const char* NotAvailableText = "This command is not available yet.";
 
 // Commands of other parts of the program that have windows or dialogs of their own, and the
 // regression panel's routines. The window binds them to the routines as they come; an unbound

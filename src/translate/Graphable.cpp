@@ -7,10 +7,6 @@ namespace vt {
 
 namespace {
 
-bool IsTrigToken(const std::string& t) {
-    return t == "S" || t == "C" || t == "T";
-}
-
 // One run of the builder over a row. The working grids BuildSource and BuildTokens hold token
 // number k at cell 4k; the three cells behind a token are its gaps, where group closers go.
 // BuildPos is the next free token cell and equals the read position throughout the scan.

@@ -5,7 +5,7 @@
 #include "analysis/Area.h"
 #include "plot/Painter.h"
 #include "plot/PlotTesting.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::test {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-#include "app/qt/QtPlatform.h"
-#include "app/qt/SplashPlaceholder.h"
-#include "app/qt/SurfaceView.h"
+#include "app/QtPlatform.h"
+#include "windows/SplashPlaceholder.h"
+#include "windows/SurfaceView.h"
 #include "support/QtApp.h"
 
 namespace vt::app {

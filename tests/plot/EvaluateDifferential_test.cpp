@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 

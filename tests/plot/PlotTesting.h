@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "session/Session.h"
 #include "support/RecordingSurface.h"

@@ -1,7 +1,7 @@
-#include "app/qt/FunctionPicker.h"
+#include "windows/FunctionPicker.h"
 
 #include "analysis/EvalFX.h"
-#include "app/qt/Twips.h"
+#include "windows/Twips.h"
 
 namespace vt {
 

@@ -9,9 +9,6 @@
 
 namespace vt {
 
-// The message of a command whose window or dialog the program does not have yet.
-inline constexpr const char* NotAvailableText = "This command is not available yet.";
-
 // The text of Clear Data's question.
 inline constexpr const char* ClearDataQuestion =
     "Are you sure you would like to erase all the data?";

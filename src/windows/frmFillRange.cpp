@@ -1,4 +1,4 @@
-#include "analysis/frmFillRange.h"
+#include "windows/frmFillRange.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>
@@ -15,10 +15,10 @@
 #include <QToolButton>
 
 #include "analysis/EvalFX.h"
-#include "app/qt/FunctionPicker.h"
-#include "app/qt/Icons.h"
-#include "app/qt/SurfaceView.h"
-#include "app/qt/Twips.h"
+#include "windows/FunctionPicker.h"
+#include "windows/Icons.h"
+#include "windows/SurfaceView.h"
+#include "windows/Twips.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
 

@@ -6,7 +6,7 @@
 #include <QString>
 #include <memory>
 
-#include "session/Platform.h"
+#include "base/Platform.h"
 
 class QPrinter;
 class QWidget;

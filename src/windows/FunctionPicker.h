@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "app/qt/SurfaceView.h"
+#include "windows/SurfaceView.h"
 #include "render/RasterSurface.h"
 
 namespace vt {

@@ -1,4 +1,4 @@
-#include "app/qt/SurfaceView.h"
+#include "windows/SurfaceView.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

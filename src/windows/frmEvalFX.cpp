@@ -1,4 +1,4 @@
-#include "analysis/frmEvalFX.h"
+#include "windows/frmEvalFX.h"
 
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -7,9 +7,9 @@
 #include <QPushButton>
 #include <QSlider>
 
-#include "app/qt/FunctionPicker.h"
-#include "app/qt/SurfaceView.h"
-#include "app/qt/Twips.h"
+#include "windows/FunctionPicker.h"
+#include "windows/SurfaceView.h"
+#include "windows/Twips.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
 

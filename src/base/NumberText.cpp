@@ -1,4 +1,4 @@
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 #include <algorithm>
 #include <bit>

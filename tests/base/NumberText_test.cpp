@@ -7,7 +7,7 @@
 #include <limits>
 #include <random>
 
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "session/Checked.h"
+#include "base/Checked.h"
 
 namespace vt {
 

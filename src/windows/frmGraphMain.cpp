@@ -1,4 +1,4 @@
-#include "session/frmGraphMain.h"
+#include "windows/frmGraphMain.h"
 
 #include <QAction>
 #include <QApplication>
@@ -23,23 +23,24 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
-#include "analysis/frmEvalFX.h"
-#include "analysis/frmFillRange.h"
-#include "app/qt/SplashPlaceholder.h"
-#include "app/qt/SurfaceView.h"
-#include "app/qt/Icons.h"
-#include "app/qt/Twips.h"
+#include "windows/frmEvalFX.h"
+#include "windows/frmFillRange.h"
+#include "windows/SplashPlaceholder.h"
+#include "windows/SurfaceView.h"
+#include "windows/Icons.h"
+#include "windows/Twips.h"
 #include "display/Papers.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
 #include "plot/Appearance.h"
 #include "plot/View.h"
-#include "plot/frmLineWidth.h"
+#include "windows/frmLineWidth.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
-#include "session/MainCommands.h"
+#include "commands/MainCommands.h"
 #include "session/MainMenu.h"
-#include "session/Platform.h"
+#include "base/Platform.h"
 
 // The icons live in the render library's resources; a static library keeps them only when
 // something asks for them by name.

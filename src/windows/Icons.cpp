@@ -1,4 +1,4 @@
-#include "app/qt/Icons.h"
+#include "windows/Icons.h"
 
 #include <QPainter>
 #include <QPixmap>

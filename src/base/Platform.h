@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt {
 

@@ -1,4 +1,4 @@
-#include "session/Startup.h"
+#include "commands/Startup.h"
 
 #include "entry/Entry.h"
 

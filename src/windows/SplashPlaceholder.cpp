@@ -1,4 +1,4 @@
-#include "app/qt/SplashPlaceholder.h"
+#include "windows/SplashPlaceholder.h"
 
 #include <QIcon>
 #include <QPainter>

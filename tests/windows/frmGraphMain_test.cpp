@@ -12,11 +12,11 @@
 #include <QToolButton>
 #include <memory>
 
-#include "app/qt/SurfaceView.h"
+#include "windows/SurfaceView.h"
 #include "entry/Entry.h"
 #include "render/RasterSurface.h"
-#include "session/MainCommands.h"
-#include "session/frmGraphMain.h"
+#include "commands/MainCommands.h"
+#include "windows/frmGraphMain.h"
 #include "support/QtApp.h"
 #include "support/ScriptedPlatform.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "plot/Expression.h"
-#include "session/Checked.h"
+#include "base/Checked.h"
 
 namespace vt {
 

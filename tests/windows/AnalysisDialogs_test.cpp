@@ -15,12 +15,13 @@
 #include <functional>
 #include <iterator>
 
-#include "analysis/frmEvalFX.h"
-#include "analysis/frmFillRange.h"
-#include "app/qt/SurfaceView.h"
+#include "windows/frmEvalFX.h"
+#include "windows/frmFillRange.h"
+#include "windows/SurfaceView.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
-#include "plot/frmLineWidth.h"
+#include "windows/frmLineWidth.h"
 #include "render/RasterSurface.h"
 #include "support/QtApp.h"
 #include "support/ScriptedPlatform.h"

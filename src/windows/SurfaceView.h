@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt::render {
 class RasterSurface;

@@ -1,4 +1,4 @@
-#include "plot/frmLineWidth.h"
+#include "windows/frmLineWidth.h"
 
 #include <QLabel>
 #include <QPushButton>

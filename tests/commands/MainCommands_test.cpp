@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "entry/EntryTesting.h"
-#include "session/MainCommands.h"
+#include "commands/MainCommands.h"
 #include "support/ScriptedPlatform.h"
 
 namespace vt {

@@ -1,17 +1,18 @@
-#include "session/MainCommands.h"
+#include "commands/MainCommands.h"
 
 #include <functional>
 #include <utility>
 
 #include "display/Papers.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
 #include "session/MainMenu.h"
-#include "session/Platform.h"
-#include "session/Startup.h"
-#include "session/Surface.h"
+#include "base/Platform.h"
+#include "commands/Startup.h"
+#include "base/Surface.h"
 
 namespace vt {
 

@@ -1,4 +1,4 @@
-#include "app/qt/QtPlatform.h"
+#include "app/QtPlatform.h"
 
 #include <QColorDialog>
 #include <QDesktopServices>
