@@ -4,6 +4,7 @@
 // into ScriptText, a full token row, the break list); those surface as SubscriptError, which the
 // routine that owns the failure catches. Nothing lets it escape a subsystem.
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 #include <string>
@@ -61,6 +62,29 @@ private:
     static std::size_t Index(int i, int j) {
         return static_cast<std::size_t>(j) * (Hi1 + 1) + static_cast<std::size_t>(i);
     }
+    std::vector<T> cells_;
+};
+
+// One dimension, 0..Hi inclusive, kept on the heap: a long row of cells inside a value that is
+// itself kept in arrays and copied whole.
+template <class T, int Hi>
+class HeapArray {
+public:
+    static constexpr int Upper = Hi;
+
+    HeapArray() : cells_(static_cast<std::size_t>(Hi) + 1) {}
+
+    T& operator()(int i) {
+        if (i < 0 || i > Hi) throw SubscriptError();
+        return cells_[static_cast<std::size_t>(i)];
+    }
+    const T& operator()(int i) const {
+        if (i < 0 || i > Hi) throw SubscriptError();
+        return cells_[static_cast<std::size_t>(i)];
+    }
+    void Fill(const T& value) { std::fill(cells_.begin(), cells_.end(), value); }
+
+private:
     std::vector<T> cells_;
 };
 

@@ -42,8 +42,10 @@ int EquationCommand(const QStringList& arguments) {
 
     render::LoadBundledFonts();
     CliPlatform platform;
+    HeadlessShell host;
+    host.Messages = &platform;
     Session s;
-    s.Host = &platform;
+    s.BindHost(&host);
     std::vector<std::unique_ptr<render::RasterSurface>> rows;
     for (int i = 0; i < UsableSlots; ++i) {
         auto row = std::make_unique<render::RasterSurface>(RowWidth, RowHeight);
@@ -51,7 +53,7 @@ int EquationCommand(const QStringList& arguments) {
         row->FontSize = 12;
         row->SmoothText = true;
         row->Cls();
-        s.Paper[static_cast<std::size_t>(i)] = row.get();
+        host.Papers[static_cast<std::size_t>(i)] = row.get();
         rows.push_back(std::move(row));
     }
     LoadKeys(s, keys);

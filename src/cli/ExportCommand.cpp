@@ -107,9 +107,11 @@ int ExportCommand(const QStringList& arguments) {
     render::LoadBundledFonts();
     CliPlatform platform;
     render::RasterSurface box(400, 400);
+    HeadlessShell host;
+    host.Messages = &platform;
+    host.Graph = &box;
     Session s;
-    s.Host = &platform;
-    s.frmGraph = &box;
+    s.BindHost(&host);
 
     // As the window starts: the empty graph is painted once before anything is typed.
     LoadKeys(s, {});

@@ -5,8 +5,8 @@
 #include "commands/KeyStroke.h"
 
 #include <string>
-#include <vector>
 
+#include "commands/MainCommands.h"
 #include "display/Papers.h"
 #include "entry/Entry.h"
 #include "translate/Graphable.h"
@@ -15,107 +15,41 @@ namespace vt {
 
 namespace {
 
-// Regroups the row, rebuilds its display and evaluator texts, and repaints the rows.
+// Regroups the row, rebuilds its display and evaluator texts, opens or closes the graph commands
+// as the rows now stand, and repaints the rows. The commands are set before the repaint, which
+// moves LastFilledSlot.
 void FinishKey(Session& s) {
     GroupTokens(s);
-    StoreDisplayText(s, BuildGraphable(s));
+    const GraphableRow built = BuildGraphable(s);
+    StoreDisplayText(s, built.Display);
+    EnableGraphCommands(s, CanGraph(s));
     RedrawPapers(s);
 }
 
-// The active row as it stood before a key: its tokens and every flag a key, the rescan or the
-// builder's pass may change, with the builder's TermStart table (a pass leaves most of it as
-// the previous passes left it). The builder's working grid is not kept: every pass that runs to
-// its end leaves it empty, so between keys it is always empty, and emptying it restores it.
+// The active row as it stood before a key, and everything else a key, the rescan or the
+// builder's run may change: the flags that carry over between keys, the builder's marks and
+// LastFilledSlot. Each part is copied whole. The builder's working grids are not kept: every run
+// that ends leaves them empty, so between keys they are always empty, and emptying them restores
+// them.
 struct RowSnapshot {
-    int slot = 0;
-    std::vector<std::string> tokens;
-    bool inExponent = false, inRoot = false, inFraction = false, barOpen = false;
-    bool barInExponent = false, slotIncomplete = false;
-    int openParens = 0, openBars = 0, barParenDepth = 0;
-    bool numberHasPoint = false, equalsEntered = false, lastBarClosed = false;
-    bool savedFractionSide = false;
-    int fractionSide = 0, fractionParenDepth = 0, displayCount = 0, letterCount = 0;
-    int lastFilledSlot = 0;
-    Array2<int, 20, 2> parenSide;
-    Array1<std::string, 0, 25> letterList;
-    int buildPos = 0;
-    bool fractionOpen = false, rootOpen = false, exponentOpen = false;
-    Array2<int, 10, 4> termStart;
+    int Slot = 0;
+    RowState Row;
+    KeyFlags Flags;
+    BuilderMarks Marks;
+    int LastFilledSlot = 0;
 };
 
 RowSnapshot TakeSnapshot(const Session& s) {
-    RowSnapshot r;
-    const int slot = s.ActiveSlot;
-    r.slot = slot;
-    const int count = s.TokenCount(slot);
-    r.tokens.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        r.tokens.push_back(ActiveToken(s, i));
-    r.inExponent = s.InExponent(slot);
-    r.inRoot = s.InRoot(slot);
-    r.inFraction = s.InFraction(slot);
-    r.barOpen = s.BarOpen(slot);
-    r.barInExponent = s.BarInExponent(slot);
-    r.slotIncomplete = s.SlotIncomplete(slot);
-    r.openParens = s.OpenParens(slot);
-    r.openBars = s.OpenBars(slot);
-    r.barParenDepth = s.BarParenDepth(slot);
-    r.numberHasPoint = s.NumberHasPoint;
-    r.equalsEntered = s.EqualsEntered;
-    r.lastBarClosed = s.LastBarClosed;
-    r.savedFractionSide = s.SavedFractionSide;
-    r.fractionSide = s.FractionSide;
-    r.fractionParenDepth = s.FractionParenDepth;
-    r.displayCount = s.DisplayCount;
-    r.letterCount = s.LetterCount;
-    r.lastFilledSlot = s.LastFilledSlot;
-    r.parenSide = s.ParenSide;
-    r.letterList = s.LetterList;
-    r.buildPos = s.BuildPos;
-    r.fractionOpen = s.FractionOpen(slot);
-    r.rootOpen = s.RootOpen(slot);
-    r.exponentOpen = s.ExponentOpen(slot);
-    r.termStart = s.TermStart;
-    return r;
+    return {s.ActiveSlot, s.Rows(s.ActiveSlot), s, s, s.LastFilledSlot};
 }
 
 void RestoreSnapshot(Session& s, const RowSnapshot& r) {
-    const int slot = r.slot;
-    s.ActiveSlot = slot;
-    const int count = static_cast<int>(r.tokens.size());
-    for (int i = 0; i <= CellUpper; ++i) {
-        if (i < count)
-            s.EntryTokens(i, slot) = r.tokens[static_cast<std::size_t>(i)];
-        else
-            s.EntryTokens(i, slot).clear();
-    }
-    s.TokenCount(slot) = count;
-    s.InExponent(slot) = r.inExponent;
-    s.InRoot(slot) = r.inRoot;
-    s.InFraction(slot) = r.inFraction;
-    s.BarOpen(slot) = r.barOpen;
-    s.BarInExponent(slot) = r.barInExponent;
-    s.SlotIncomplete(slot) = r.slotIncomplete;
-    s.OpenParens(slot) = r.openParens;
-    s.OpenBars(slot) = r.openBars;
-    s.BarParenDepth(slot) = r.barParenDepth;
-    s.NumberHasPoint = r.numberHasPoint;
-    s.EqualsEntered = r.equalsEntered;
-    s.LastBarClosed = r.lastBarClosed;
-    s.SavedFractionSide = r.savedFractionSide;
-    s.FractionSide = r.fractionSide;
-    s.FractionParenDepth = r.fractionParenDepth;
-    s.DisplayCount = r.displayCount;
-    s.LetterCount = r.letterCount;
-    s.LastFilledSlot = r.lastFilledSlot;
-    s.ParenSide = r.parenSide;
-    s.LetterList = r.letterList;
+    s.ActiveSlot = r.Slot;
+    s.Rows(r.Slot) = r.Row;
+    static_cast<KeyFlags&>(s) = r.Flags;
+    static_cast<BuilderMarks&>(s) = r.Marks;
+    s.LastFilledSlot = r.LastFilledSlot;
     s.BuildTokens.Fill(std::string());
-    s.BuildPos = r.buildPos;
-    s.FractionOpen(slot) = r.fractionOpen;
-    s.RootOpen(slot) = r.rootOpen;
-    s.ExponentOpen(slot) = r.exponentOpen;
-    s.TermStart = r.termStart;
 }
 
 } // namespace
@@ -123,7 +57,7 @@ void RestoreSnapshot(Session& s, const RowSnapshot& r) {
 void Paper_KeyPress(Session& s, int /*index*/, int keyAscii) {
     // Enter on a complete row draws the graph, then goes on like any refused key, so the row
     // is repainted.
-    if (keyAscii == EnterKey && CanGraph(s) && s.GraphCommand) s.GraphCommand();
+    if (keyAscii == EnterKey && CanGraph(s)) s.Host().GraphCommand();
     if (s.ActiveSlot < 0 || s.ActiveSlot > SlotUpper) {
         s.KeyAccepted = false;
         return;
@@ -149,10 +83,11 @@ void Paper_KeyPress(Session& s, int /*index*/, int keyAscii) {
         // text is left for drawing or evaluation, and the row counts as unfinished.
         RestoreSnapshot(s, before);
         for (int i = 0; i <= CellUpper; ++i) {
-            s.DisplayTokens(i, before.slot).clear();
-            s.GraphableCells(i, before.slot).clear();
+            s.DisplayTokens(i, before.Slot).clear();
+            s.GraphableCells(i, before.Slot).clear();
         }
-        s.SlotIncomplete(before.slot) = true;
+        s.SlotIncomplete(before.Slot) = true;
+        EnableGraphCommands(s, CanGraph(s));
     }
 }
 

@@ -25,20 +25,12 @@ constexpr int EvaluateButton = 12;
 constexpr int AreaButton = 13;
 
 void NotAvailable(Session& s) {
-    if (s.Host) s.Host->MsgBox(NotAvailableText, MsgOkOnly | MsgInformation, "");
+    s.Host().Dialogs().MsgBox(NotAvailableText, MsgOkOnly | MsgInformation, "");
 }
 
-// A command that another part of the program provides: run it if it is bound, otherwise say so.
-void Run(Session& s, const std::function<void()>& command) {
-    if (command)
-        command();
-    else
-        NotAvailable(s);
-}
-
-// A redraw that another part provides: nothing happens while it is unbound.
-void Draw(const std::function<void()>& routine) {
-    if (routine) routine();
+// A command with a window of its own: the host runs it, or it is not available.
+void Run(Session& s, HostCommand command, int index = 0) {
+    if (!s.Host().RunCommand(command, index)) NotAvailable(s);
 }
 
 void SendKey(Session& s, char key) {
@@ -47,8 +39,7 @@ void SendKey(Session& s, char key) {
 
 void SetRowBackColor(Session& s, int row, std::uint32_t colour) {
     s.PaperBackColor(row) = colour;
-    if (s.Paper[static_cast<std::size_t>(row)])
-        s.Paper[static_cast<std::size_t>(row)]->BackColor = colour;
+    if (Surface* paper = s.Host().RowSurface(row)) paper->BackColor = colour;
 }
 
 } // namespace
@@ -61,7 +52,7 @@ void EnableGraphCommands(Session& s, bool enabled) {
 }
 
 void PrepareMainWindow(Session& s) {
-    Draw(s.Commands.ResetPointTable);
+    s.Host().ResetPointTable();
     StartSession(s);
     EnableGraphCommands(s, false);
 }
@@ -89,10 +80,7 @@ void Paper_KeyDown(Session& s, int /*index*/, int keyCode, int shift) {
 void FocusRow(Session& s, int row) {
     // A hidden row cannot take the focus; asking for it changes nothing.
     if (row < 0 || row > 4 || !s.RowVisible(row)) return;
-    if (s.FocusRow)
-        s.FocusRow(row);
-    else
-        Paper_GotFocus(s, row);
+    if (!s.Host().FocusRow(row)) Paper_GotFocus(s, row);
 }
 
 void Blinker_Click(Session& s) {
@@ -129,12 +117,12 @@ void mnuInsertAbs_Click(Session& s) {
 }
 
 void mnuClearData_Click(Session& s) {
-    if (!s.Host || s.Host->MsgBox(ClearDataQuestion, MsgYesNo, "") != MsgResultYes) return;
+    if (s.Host().Dialogs().MsgBox(ClearDataQuestion, MsgYesNo, "") != MsgResultYes) return;
     s.ViewDragged = false;
     s.Toolbar1(GraphButton).Enabled = false;
     s.MenuEnabled["mnuGraphIt"] = false;
     if (s.Check1 == 1) {
-        Draw(s.Commands.ClearSeries);
+        s.Host().ClearSeries();
         mnuGraphReset_Click(s);
         return;
     }
@@ -180,7 +168,7 @@ void mnuGraphIt_Click(Session& s) {
 
 void mnuGraphPrintSetup_Click(Session& s) {
     // The dialog only changes the printer; a cancel is no failure worth telling.
-    if (s.Host) s.Host->ChoosePrinter();
+    s.Host().Dialogs().ChoosePrinter();
 }
 
 void mnuNearWhole_Click(Session& s) {
@@ -196,10 +184,7 @@ void mnuNearTen_Click(Session& s) {
 }
 
 void Picture1_Click(Session& s, int index) {
-    if (s.Commands.Picture1_Click)
-        s.Commands.Picture1_Click(index);
-    else
-        NotAvailable(s);
+    Run(s, HostCommand::Swatch, index);
 }
 
 void Command2_Click(Session& s) {
@@ -223,18 +208,18 @@ void Toolbar1_ButtonClick(Session& s, const std::string& key) {
                  AutoGraph(s);
              }
          }},
-        {"web", [&] { Run(s, s.Commands.OpenHomePage); }},
+        {"web", [&] { Run(s, HostCommand::HomePage); }},
         {"zoomout", [&] { ZoomOut(s); }},
         {"zoomin", [&] { ZoomIn(s); }},
         {"clear", [&] { mnuClearData_Click(s); }},
-        {"print", [&] { Run(s, s.Commands.mnuGraphPrint_Click); }},
-        {"save", [&] { Run(s, s.Commands.mnuSave_Click); }},
-        {"open", [&] { Run(s, s.Commands.mnuLoad_Click); }},
+        {"print", [&] { Run(s, HostCommand::GraphPrint); }},
+        {"save", [&] { Run(s, HostCommand::Save); }},
+        {"open", [&] { Run(s, HostCommand::Load); }},
         {"power", [&] { mnuExponent_Click(s); }},
         {"root", [&] { mnuRoot_Click(s); }},
-        {"regress", [&] { Run(s, s.Commands.mnuPtSeries_Click); }},
-        {"area", [&] { Run(s, s.Commands.mnuShade_Click); }},
-        {"fx", [&] { Run(s, s.Commands.mnuEvaluate_Click); }},
+        {"regress", [&] { Run(s, HostCommand::PtSeries); }},
+        {"area", [&] { Run(s, HostCommand::Shade); }},
+        {"fx", [&] { Run(s, HostCommand::Evaluate); }},
         {"sin", [&] { mnuSin_Click(s); }},
         {"cos", [&] { mnuCos_Click(s); }},
         {"tan", [&] { mnuTan_Click(s); }},
@@ -270,11 +255,11 @@ void Toolbar1_ButtonMenuClick(Session& s, const std::string& entryText) {
 
 void RunMenuCommand(Session& s, const std::string& name) {
     static const std::map<std::string, std::function<void(Session&)>, std::less<>> commands = {
-        {"mnuGraphPrint", [](Session& x) { Run(x, x.Commands.mnuGraphPrint_Click); }},
+        {"mnuGraphPrint", [](Session& x) { Run(x, HostCommand::GraphPrint); }},
         {"mnuGraphPrintSetup", mnuGraphPrintSetup_Click},
-        {"mnuSave", [](Session& x) { Run(x, x.Commands.mnuSave_Click); }},
-        {"mnuLoad", [](Session& x) { Run(x, x.Commands.mnuLoad_Click); }},
-        {"mnuBitMap", [](Session& x) { Run(x, x.Commands.mnuBitMap_Click); }},
+        {"mnuSave", [](Session& x) { Run(x, HostCommand::Save); }},
+        {"mnuLoad", [](Session& x) { Run(x, HostCommand::Load); }},
+        {"mnuBitMap", [](Session& x) { Run(x, HostCommand::BitMap); }},
         {"mnuGraphIt", mnuGraphIt_Click},
         {"mnuInsertF", mnuInsertF_Click},
         {"mnuClearData", mnuClearData_Click},
@@ -285,24 +270,24 @@ void RunMenuCommand(Session& s, const std::string& name) {
         {"mnuSin", mnuSin_Click},
         {"mnuCos", mnuCos_Click},
         {"mnuTan", mnuTan_Click},
-        {"mnuEvaluate", [](Session& x) { Run(x, x.Commands.mnuEvaluate_Click); }},
-        {"mnuShade", [](Session& x) { Run(x, x.Commands.mnuShade_Click); }},
-        {"mnuPtSeries", [](Session& x) { Run(x, x.Commands.mnuPtSeries_Click); }},
+        {"mnuEvaluate", [](Session& x) { Run(x, HostCommand::Evaluate); }},
+        {"mnuShade", [](Session& x) { Run(x, HostCommand::Shade); }},
+        {"mnuPtSeries", [](Session& x) { Run(x, HostCommand::PtSeries); }},
         {"mnuToggleCoordinates", mnuToggleCoordinates_Click},
         {"mnuGraphQuadrant", mnuGraphQuadrant_Click},
         {"mnuHideGrid", mnuHideGrid_Click},
-        {"mnuGraphGridColor", [](Session& x) { Run(x, x.Commands.mnuGraphGridColor_Click); }},
-        {"mnuBackColor", [](Session& x) { Run(x, x.Commands.mnuBackColor_Click); }},
-        {"mnuGraphDefault", [](Session& x) { Run(x, x.Commands.mnuGraphDefault_Click); }},
-        {"mnuLineW", [](Session& x) { Run(x, x.Commands.mnuLineW_Click); }},
+        {"mnuGraphGridColor", [](Session& x) { Run(x, HostCommand::GraphGridColor); }},
+        {"mnuBackColor", [](Session& x) { Run(x, HostCommand::BackColor); }},
+        {"mnuGraphDefault", [](Session& x) { Run(x, HostCommand::GraphDefault); }},
+        {"mnuLineW", [](Session& x) { Run(x, HostCommand::LineWidth); }},
         {"mnuGraphReset", mnuGraphReset_Click},
         {"mnuGraphZoomIn", ZoomIn},
         {"mnuGraphZoomOut", ZoomOut},
-        {"mnuHelpTopics", [](Session& x) { Run(x, x.Commands.mnuHelpTopics_Click); }},
-        {"mnuVeritrace", [](Session& x) { Run(x, x.Commands.mnuVeritrace_Click); }},
-        {"mnuHomePage", [](Session& x) { Run(x, x.Commands.OpenHomePage); }},
-        {"mnuOnlineSupport", [](Session& x) { Run(x, x.Commands.mnuOnlineSupport_Click); }},
-        {"mnuAbout", [](Session& x) { Run(x, x.Commands.mnuAbout_Click); }},
+        {"mnuHelpTopics", [](Session& x) { Run(x, HostCommand::HelpTopics); }},
+        {"mnuVeritrace", [](Session& x) { Run(x, HostCommand::HelpVeritrace); }},
+        {"mnuHomePage", [](Session& x) { Run(x, HostCommand::HomePage); }},
+        {"mnuOnlineSupport", [](Session& x) { Run(x, HostCommand::OnlineSupport); }},
+        {"mnuAbout", [](Session& x) { Run(x, HostCommand::About); }},
         {"mnuNearWhole", mnuNearWhole_Click},
         {"mnuNearTen", mnuNearTen_Click},
     };

@@ -14,7 +14,7 @@ inline constexpr const char* ClearDataQuestion =
     "Are you sure you would like to erase all the data?";
 
 // Opens or closes the graph commands: toolbar buttons 1, 12 and 13 and the items mnuGraphIt,
-// mnuEvaluate and mnuShade. The expression builder calls it through s.SetGraphCommandsEnabled.
+// mnuEvaluate and mnuShade. Every keystroke sets them from CanGraph.
 void EnableGraphCommands(Session& s, bool enabled);
 
 // What the window's load does to the session before anything shows: the session's start, the

@@ -309,7 +309,7 @@ void AutoGraph(Session& s) {
     if (!anyText || s.ViewDragged) return;
 
     const auto refresh = [&] {
-        if (s.frmGraph) s.frmGraph->Refresh();
+        if (Surface* box = s.Host().GraphBox()) box->Refresh();
     };
     s.CurveDrawn = false;
     int tries = 0;
@@ -326,8 +326,7 @@ void AutoGraph(Session& s) {
         mnuGraphReset_Click(s);
         RedrawGraph(s);
         refresh();
-        if (s.Host)
-            s.Host->MsgBox("The function could not be graphed within the maximum limits.",
+        s.Host().Dialogs().MsgBox("The function could not be graphed within the maximum limits.",
                            MsgOkOnly, "");
     }
 }

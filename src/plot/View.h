@@ -46,7 +46,7 @@ void ApplyView(Session& s);
 void RedrawByMode(Session& s);
 // The same with the view unchanged: the regression redraw, otherwise the paint alone.
 void PaintByMode(Session& s);
-// The regression redraw, bound by the regression overlay; unbound it does nothing.
+// The regression redraw, which the host's regression panel makes.
 void RedrawRegression(Session& s);
 
 // Halve or double all four bounds, about the origin; refused silently at the limits.

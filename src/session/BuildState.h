@@ -1,6 +1,6 @@
 #pragma once
 // The state of the graphable expression builder: the evaluator text of each row, its working
-// grids, and the flags it leaves for the entry rules.
+// grids, and the marks it leaves from one run to the next. Its per-row flags are in RowState.
 
 #include <string>
 
@@ -8,16 +8,19 @@
 
 namespace vt {
 
-struct BuildState {
+// What one run of the builder leaves for the next: where its last token went, and the table of
+// term starts (a run leaves most of it as the previous runs left it). A keystroke that has to be
+// taken back restores these with its row.
+struct BuilderMarks {
+    int BuildPos = 4;
+    Array2<int, 10, 4> TermStart{}; // (level, bar depth)
+};
+
+struct BuildState : BuilderMarks {
     CellGrid<std::string> GraphableCells; // (i, slot): the evaluator text, a character a cell
+    // The working grids of a run; every run that ends leaves them empty.
     Array1<std::string, 0, 2000> BuildSource;
     Array1<std::string, 0, 2000> BuildTokens;
-    int BuildPos = 4;
-    SlotArray<bool> FractionOpen{};
-    SlotArray<bool> RootOpen{};
-    SlotArray<bool> ExponentOpen{};
-    Array2<int, 10, 4> TermStart{}; // (level, bar depth)
-    SlotArray<bool> SlotIncomplete{};
 };
 
 } // namespace vt

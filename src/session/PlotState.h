@@ -2,7 +2,6 @@
 // The state of evaluation and plotting.
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,9 +9,6 @@
 #include "base/Checked.h"
 
 namespace vt {
-
-struct Session;
-class Surface;
 
 // One line of the coordinates list: whole-number x of a curve inside the view.
 struct CoordinateItem {
@@ -37,9 +33,6 @@ struct PlotState {
     // ScriptText of each slot compiled once by PreCalcFX, for the values at many x.
     Array1<CompiledScript, 0, 4> CompiledScripts;
 
-    // The graph box, bound by whoever shows the session. Unbound, nothing is painted.
-    Surface* frmGraph = nullptr;
-
     // The coordinates list as the last paint left it; the window mirrors it.
     std::vector<CoordinateItem> ListView1;
     ListPlacement ListView1Rect;
@@ -47,11 +40,6 @@ struct PlotState {
     // The painter normally reads values through CalculateYValue; set, it reads them as the text
     // of CalculateY on the text route. Both must draw the same picture.
     bool PaintTextValues = false;
-
-    // Regression mode is drawn by the regression overlay, which binds these. Unbound, a redraw in
-    // regression mode and a point clicked on the graph do nothing.
-    std::function<void(Session&)> RedrawRegressionHook;
-    std::function<void(Session&, double x, double y)> AddRegressionPointHook;
 };
 
 } // namespace vt

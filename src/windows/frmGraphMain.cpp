@@ -138,13 +138,7 @@ frmGraphMain::~frmGraphMain() {
     for (app::SurfaceView* view : papers_) view->Disconnect();
     graph_->Disconnect();
     // The session may outlive the window (in the tests it does): leave nothing bound to it.
-    s_.Host = nullptr;
-    s_.frmGraph = nullptr;
-    s_.Paper.fill(nullptr);
-    s_.FocusRow = nullptr;
-    s_.SetGraphCommandsEnabled = nullptr;
-    s_.GraphCommand = nullptr;
-    s_.Commands = {}; // every command bound here runs against this window
+    s_.BindHost(nullptr);
 }
 
 void frmGraphMain::BuildMenus() {
@@ -346,32 +340,60 @@ void frmGraphMain::BuildRows() {
 }
 
 void frmGraphMain::BindSession() {
-    s_.Host = &platform_;
-    s_.frmGraph = graphSurface_.get();
-    for (int i = 0; i < UsableSlots; ++i)
-        s_.Paper[static_cast<std::size_t>(i)] = paperSurfaces_[static_cast<std::size_t>(i)].get();
-    s_.SetGraphCommandsEnabled = [this](bool enabled) { EnableGraphCommands(s_, enabled); };
-    // Enter on a complete row redraws, as the menu's Graph! does: no auto-scaling.
-    s_.GraphCommand = [this] { mnuGraphIt_Click(s_); };
-    s_.FocusRow = [this](int row) { GiveFocusToRow(row); };
-    // The colour commands, the line width and the two analysis dialogs.
-    s_.Commands.Picture1_Click = [this](int index) { ChangeSwatchColour(s_, index); };
-    s_.Commands.mnuGraphGridColor_Click = [this] { vt::mnuGraphGridColor_Click(s_); };
-    s_.Commands.mnuBackColor_Click = [this] { vt::mnuBackColor_Click(s_); };
-    s_.Commands.mnuGraphDefault_Click = [this] { vt::mnuGraphDefault_Click(s_); };
-    s_.Commands.mnuLineW_Click = [this] { ShowLineWidth(s_, this); };
-    s_.Commands.mnuEvaluate_Click = [this] { ShowEvaluateFX(s_, this); };
-    s_.Commands.mnuShade_Click = [this] { ShowCalculateArea(s_, this); };
+    s_.BindHost(this);
 }
 
-void frmGraphMain::GiveFocusToRow(int row) {
+Surface* frmGraphMain::GraphBox() {
+    return graphSurface_.get();
+}
+
+Surface* frmGraphMain::RowSurface(int row) {
+    if (row < 0 || row >= UsableSlots) return nullptr;
+    return paperSurfaces_[static_cast<std::size_t>(row)].get();
+}
+
+bool frmGraphMain::FocusRow(int row) {
     // A row revealed by the same command must be visible before it can take the focus.
     MirrorRows();
     app::SurfaceView* paper = papers_[static_cast<std::size_t>(row)];
     paper->setFocus(Qt::OtherFocusReason);
     // While the window is not the active one, Qt only notes the focus for later and sends no
-    // focus event; the row is made the active one all the same.
-    if (!paper->hasFocus()) Paper_GotFocus(s_, row);
+    // focus event; the caller then makes the row the active one itself.
+    return paper->hasFocus();
+}
+
+void frmGraphMain::GraphCommand() {
+    // Enter on a complete row redraws, as the menu's Graph! does: no auto-scaling.
+    mnuGraphIt_Click(s_);
+}
+
+bool frmGraphMain::RunCommand(HostCommand command, int index) {
+    switch (command) {
+    case HostCommand::Swatch:
+        ChangeSwatchColour(s_, index);
+        return true;
+    case HostCommand::GraphGridColor:
+        mnuGraphGridColor_Click(s_);
+        return true;
+    case HostCommand::BackColor:
+        mnuBackColor_Click(s_);
+        return true;
+    case HostCommand::GraphDefault:
+        mnuGraphDefault_Click(s_);
+        return true;
+    case HostCommand::LineWidth:
+        ShowLineWidth(s_, this);
+        return true;
+    case HostCommand::Evaluate:
+        ShowEvaluateFX(s_, this);
+        return true;
+    case HostCommand::Shade:
+        ShowCalculateArea(s_, this);
+        return true;
+    default:
+        // The other windows and dialogs are not there yet.
+        return false;
+    }
 }
 
 void frmGraphMain::MakeSavedProblemsFolder() {
@@ -409,7 +431,7 @@ void frmGraphMain::Form_Load() {
     show();
     if (!s_.CommandFile.empty()) RunMenuCommand(s_, "mnuLoad");
     s_.CommandFile.clear();
-    FocusRow(s_, 0);
+    vt::FocusRow(s_, 0);
     Mirror();
 }
 

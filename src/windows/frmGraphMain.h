@@ -41,7 +41,9 @@ struct MainWindowOptions {
     std::string ProgramDir;
 };
 
-class frmGraphMain : public QMainWindow {
+// It is also the session's host: the logic reaches the rows, the graph box, the dialogs and the
+// other windows through it.
+class frmGraphMain : public QMainWindow, public Shell {
   public:
     frmGraphMain(Session& s, Platform& platform, MainWindowOptions options = {},
                  QWidget* parent = nullptr);
@@ -79,6 +81,18 @@ class frmGraphMain : public QMainWindow {
     QTreeWidget* ListView1() const { return listView1_; }
     QWidget* ClientArea() const { return client_; }
 
+    // The session's host.
+    Platform& Dialogs() override { return platform_; }
+    Surface* GraphBox() override;
+    Surface* RowSurface(int row) override;
+    bool FocusRow(int row) override;
+    void GraphCommand() override;
+    void ResetPointTable() override {}
+    void ClearSeries() override {}
+    void RedrawRegression() override {}
+    void AddRegressionPoint(double, double) override {}
+    bool RunCommand(HostCommand command, int index) override;
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -91,7 +105,6 @@ class frmGraphMain : public QMainWindow {
     void MakeSavedProblemsFolder();
     void MirrorRows();
     void MirrorListView();
-    void GiveFocusToRow(int row);
 
     Session& s_;
     Platform& platform_;

@@ -6,6 +6,7 @@
 
 #include "entry/EntryTesting.h"
 #include "commands/MainCommands.h"
+#include "support/RecordingShell.h"
 #include "support/ScriptedPlatform.h"
 
 namespace vt {
@@ -15,20 +16,16 @@ namespace {
 struct Fixture {
     std::unique_ptr<Session> s = std::make_unique<Session>();
     test::ScriptedPlatform platform;
-    std::vector<int> focused; // rows the window was asked to focus
+    test::RecordingShell host; // records the rows it was asked to focus
 
     Fixture() {
+        host.Messages = &platform;
+        s->BindHost(&host);
         PrepareMainWindow(*s);
-        s->Host = &platform;
-        s->SetGraphCommandsEnabled = [this](bool on) { EnableGraphCommands(*s, on); };
     }
     void Type(const std::string& keys) { test::Type(*s, keys); }
-    void RecordFocus() {
-        s->FocusRow = [this](int row) {
-            focused.push_back(row);
-            Paper_GotFocus(*s, row);
-        };
-    }
+    // Forgets the rows focused so far.
+    void RecordFocus() { host.Focused.clear(); }
 };
 
 using Rows = std::vector<int>;
@@ -62,7 +59,7 @@ TEST(MainCommands, BlinkerRevealsTheNextHiddenRowAndFocusesTheRowAfterTheActiveO
         EXPECT_EQ(f.s->BlinkerVisible, visible);
         for (int i = 0; i <= 4; ++i)
             EXPECT_EQ(f.s->RowVisible(i), i <= std::min(shownRows, 4)) << i;
-        EXPECT_EQ(f.focused, focusedRow < 0 ? Rows{} : Rows{focusedRow});
+        EXPECT_EQ(f.host.Focused, focusedRow < 0 ? Rows{} : Rows{focusedRow});
     }
 }
 
@@ -103,12 +100,10 @@ TEST(MainCommands, ClearDataAsksAndOnlyYesErasesTheRowsOrInRegressionModeTheSeri
     f.Type("x");
     Blinker_Click(*f.s);
     f.s->Check1 = 1;
-    int cleared = 0;
-    f.s->Commands.ClearSeries = [&] { ++cleared; };
     f.s->ViewXMin = -3;
     f.platform.MsgBoxAnswers.push_back(MsgResultYes);
     mnuClearData_Click(*f.s);
-    EXPECT_EQ(cleared, 1);
+    EXPECT_EQ(f.host.SeriesCleared, 1);
     EXPECT_EQ(f.s->ViewXMin, -20);
     EXPECT_EQ(EntryText(*f.s, 0), "x");
     EXPECT_TRUE(f.s->RowVisible(1));
@@ -141,13 +136,11 @@ TEST(MainCommands, ToolbarKeysRunTheirCommands) {
     }
     // Bound, they run instead.
     Fixture f;
-    Texts ran;
-    f.s->Commands.mnuSave_Click = [&] { ran.push_back("save"); };
-    f.s->Commands.mnuPtSeries_Click = [&] { ran.push_back("regress"); };
-    f.s->Commands.OpenHomePage = [&] { ran.push_back("web"); };
+    f.host.OnCommand = [](HostCommand, int) { return true; };
     for (const char* key : {"save", "regress", "web"})
         Toolbar1_ButtonClick(*f.s, key);
-    EXPECT_EQ(ran, (Texts{"save", "regress", "web"}));
+    EXPECT_EQ(f.host.Ran, (std::vector<HostCommand>{HostCommand::Save, HostCommand::PtSeries,
+                                                     HostCommand::HomePage}));
     EXPECT_TRUE(f.platform.Calls.empty());
 }
 
@@ -174,7 +167,26 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
         EXPECT_EQ(f.s->ViewXMax, 10);
         Command6_Click(*f.s);
         EXPECT_EQ(f.s->ViewXMax, 20);
-        EXPECT_EQ(f.focused, (check1 == 0 ? Rows{1, 1} : Rows{})) << check1;
+        EXPECT_EQ(f.host.Focused, (check1 == 0 ? Rows{1, 1} : Rows{})) << check1;
+    }
+}
+
+TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
+    // {keys into row 0, another row left incomplete (-1: none), the commands open}: Backspace
+    // on an empty row is a keystroke too.
+    const std::tuple<const char*, int, bool> cases[] = {
+        {"x+1", -1, true}, {"x+", -1, false}, {"\b", -1, false}, {"x+1", 9, false}, {"x^", 3, false}};
+    for (const auto& [keys, otherIncomplete, open] : cases) {
+        SCOPED_TRACE(keys);
+        Fixture f;
+        EnableGraphCommands(*f.s, !open);
+        if (otherIncomplete >= 0) f.s->SlotIncomplete(otherIncomplete) = true;
+        f.Type(keys);
+        ASSERT_EQ(CanGraph(*f.s), open);
+        for (int button : {1, 12, 13})
+            EXPECT_EQ(f.s->Toolbar1(button).Enabled, open) << button;
+        for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
+            EXPECT_EQ(f.s->MenuEnabled.at(item), open) << item;
     }
 }
 

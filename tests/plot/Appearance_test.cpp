@@ -11,9 +11,7 @@ namespace vt::test {
 namespace {
 
 struct LookSession : PlotSession {
-    int regressionRedraws = 0;
     LookSession() {
-        s.RedrawRegressionHook = [this](Session&) { ++regressionRedraws; };
         Type(0, "x");
         RedrawGraph(s);
         box.Forget();
@@ -77,7 +75,7 @@ TEST(Appearance, RedrawsGoToTheRegressionRedrawInRegressionMode) {
             LookSession g;
             g.s.Check1 = mode;
             command(g.s);
-            EXPECT_EQ(g.regressionRedraws, mode == 1 ? 1 : 0);
+            EXPECT_EQ(g.shell.RegressionRedraws, mode == 1 ? 1 : 0);
             EXPECT_EQ(g.box.Clears, mode == 1 ? 0 : 1);
         }
     }

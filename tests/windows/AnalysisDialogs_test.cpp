@@ -36,10 +36,12 @@ struct DialogSession {
     Session s;
     render::RasterSurface graph{400, 400};
     ScriptedPlatform host;
+    HeadlessShell shell;
     explicit DialogSession(const Texts& rows) {
         QtApp();
-        s.Host = &host;
-        s.frmGraph = &graph;
+        shell.Messages = &host;
+        shell.Graph = &graph;
+        s.BindHost(&shell);
         SetKeyMask(s);
         for (std::size_t i = 0; i < rows.size(); ++i)
             ReplaySlotKeys(s, static_cast<int>(i), rows[i]);

@@ -73,7 +73,7 @@ TEST(MainWindow, StartsAtTheDesignedGeometry) {
     Started w;
     frmGraphMain& m = *w.window;
     EXPECT_EQ(m.frmGraph()->geometry(), QRect(352, 65, 400, 400));
-    EXPECT_EQ(w.s->frmGraph->PixelWidth(), 400);
+    EXPECT_EQ(w.s->Host().GraphBox()->PixelWidth(), 400);
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(m.Paper(i)->geometry(), QRect(56, 64 + 56 * i, 289, 41)) << i;
         EXPECT_EQ(m.Paper(i)->isVisible(), i == 0) << i;
@@ -225,11 +225,12 @@ TEST(MainWindow, ColourCommandsReachTheSwatchesAndTheGraphAndTheOthersSaySo) {
     EXPECT_EQ(w->platform.Messages(), Texts(3, NotAvailableText));
     w->window->MenuItem("mnuGraphExit")->trigger();
     EXPECT_FALSE(w->window->isVisible());
-    EXPECT_EQ(w->s->Host, &w->platform);
-    // The window unbinds the commands it gave the session.
+    EXPECT_EQ(&w->s->Host().Dialogs(), &w->platform);
+    // The window unbinds itself from the session: its commands are no longer there.
     Session& s = *w->s;
     w->window.reset();
-    EXPECT_FALSE(s.Commands.mnuShade_Click);
+    EXPECT_EQ(s.Host().GraphBox(), nullptr);
+    EXPECT_FALSE(s.Host().RunCommand(HostCommand::Shade, 0));
 }
 
 } // namespace vt
