@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "plot/Tracing.h"
-#include "plot/View.h"
 #include "base/NumberText.h"
 #include "base/Platform.h"
+#include "plot/Tracing.h"
+#include "plot/View.h"
 #include "translate/Graphable.h"
 
 namespace vt {

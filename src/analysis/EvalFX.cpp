@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "display/Typesetter.h"
-#include "plot/Evaluate.h"
 #include "base/NumberText.h"
 #include "base/Platform.h"
+#include "display/Typesetter.h"
+#include "plot/Evaluate.h"
 #include "translate/Graphable.h"
 
 namespace vt {

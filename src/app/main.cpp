@@ -15,8 +15,8 @@
 
 #include "app/QtPlatform.h"
 #include "commands/KeyStroke.h"
-#include "entry/Entry.h"
 #include "commands/MainCommands.h"
+#include "entry/Entry.h"
 #include "session/Session.h"
 #include "windows/frmGraphMain.h"
 

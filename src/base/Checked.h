@@ -17,9 +17,8 @@ struct SubscriptError : std::out_of_range {
 };
 
 // One dimension, Lo..Hi inclusive.
-template <class T, int Lo, int Hi>
-class Array1 {
-public:
+template <class T, int Lo, int Hi> class Array1 {
+  public:
     static constexpr int Lower = Lo;
     static constexpr int Upper = Hi;
     static constexpr int Size = Hi - Lo + 1;
@@ -34,14 +33,13 @@ public:
     }
     void Fill(const T& value) { cells_.fill(value); }
 
-private:
+  private:
     std::array<T, Size> cells_{};
 };
 
 // Two dimensions, 0..Hi1 by 0..Hi2 inclusive, written (i, j) as the program does.
-template <class T, int Hi1, int Hi2>
-class Array2 {
-public:
+template <class T, int Hi1, int Hi2> class Array2 {
+  public:
     static constexpr int Upper1 = Hi1;
     static constexpr int Upper2 = Hi2;
 
@@ -57,7 +55,7 @@ public:
     }
     void Fill(const T& value) { std::fill(cells_.begin(), cells_.end(), value); }
 
-private:
+  private:
     // Column-major: one slot's cells lie together.
     static std::size_t Index(int i, int j) {
         return static_cast<std::size_t>(j) * (Hi1 + 1) + static_cast<std::size_t>(i);
@@ -67,9 +65,8 @@ private:
 
 // One dimension, 0..Hi inclusive, kept on the heap: a long row of cells inside a value that is
 // itself kept in arrays and copied whole.
-template <class T, int Hi>
-class HeapArray {
-public:
+template <class T, int Hi> class HeapArray {
+  public:
     static constexpr int Upper = Hi;
 
     HeapArray() : cells_(static_cast<std::size_t>(Hi) + 1) {}
@@ -84,7 +81,7 @@ public:
     }
     void Fill(const T& value) { std::fill(cells_.begin(), cells_.end(), value); }
 
-private:
+  private:
     std::vector<T> cells_;
 };
 
@@ -94,9 +91,7 @@ constexpr int UsableSlots = 5;
 // Cells of a token row, of the display text and of the evaluator text: 0..2000.
 constexpr int CellUpper = 2000;
 
-template <class T>
-using SlotArray = Array1<T, 0, SlotUpper>;
-template <class T>
-using CellGrid = Array2<T, CellUpper, SlotUpper>;
+template <class T> using SlotArray = Array1<T, 0, SlotUpper>;
+template <class T> using CellGrid = Array2<T, CellUpper, SlotUpper>;
 
 } // namespace vt

@@ -32,14 +32,14 @@ enum MsgBoxResult : int {
 
 struct FileDialogRequest {
     std::string Title;
-    std::string Filter;     // "Graph Data (*.vtx)|*.vtx" style: pairs of caption and pattern
+    std::string Filter; // "Graph Data (*.vtx)|*.vtx" style: pairs of caption and pattern
     std::string InitialDir;
     std::string FileName;   // proposed name
     std::string DefaultExt; // added when the user types none
 };
 
 class Platform {
-public:
+  public:
     virtual ~Platform() = default;
 
     virtual int MsgBox(const std::string& prompt, int style, const std::string& title) = 0;

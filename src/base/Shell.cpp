@@ -6,7 +6,7 @@ namespace {
 
 // Dialogs with nobody to answer them.
 class SilentPlatform : public Platform {
-public:
+  public:
     int MsgBox(const std::string&, int style, const std::string&) override {
         const int buttons = style & 7;
         return buttons == MsgYesNo || buttons == MsgYesNoCancel ? MsgResultNo

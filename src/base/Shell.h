@@ -19,27 +19,27 @@ inline constexpr const char* NotAvailableText = "This command is not available y
 
 // Commands that open a window or a dialog of the host, or act on one.
 enum class HostCommand {
-    PtSeries,       // regression mode on or off
-    GraphPrint,     // frmPrintSetup
+    PtSeries,   // regression mode on or off
+    GraphPrint, // frmPrintSetup
     Save,
-    Load,           // also loads CommandFile at start
+    Load, // also loads CommandFile at start
     BitMap,
-    Evaluate,       // frmEvalFX
-    Shade,          // frmFillRange
-    LineWidth,      // frmLineWidth
+    Evaluate,  // frmEvalFX
+    Shade,     // frmFillRange
+    LineWidth, // frmLineWidth
     GraphGridColor,
     BackColor,
     GraphDefault,
-    Swatch,         // a click on a row's colour swatch; the index is the row
+    Swatch, // a click on a row's colour swatch; the index is the row
     HelpTopics,
     HelpVeritrace,
-    HomePage,       // the menu's Home Page and the toolbar's web button
+    HomePage, // the menu's Home Page and the toolbar's web button
     OnlineSupport,
     About,
 };
 
 class Shell {
-public:
+  public:
     virtual ~Shell() = default;
 
     // The modal dialogs: message boxes, colour chooser, files, printer, help, web pages.
@@ -75,7 +75,7 @@ public:
 // logic runs the row's focus event at once; Enter draws nothing; the regression panel is absent;
 // every command with a window of its own is unavailable.
 class HeadlessShell : public Shell {
-public:
+  public:
     // What may be lent to it; each stays null when not.
     Platform* Messages = nullptr;
     Surface* Graph = nullptr;

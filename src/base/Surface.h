@@ -40,7 +40,7 @@ struct PixelImage {
 };
 
 class Surface {
-public:
+  public:
     virtual ~Surface() = default;
 
     // User scale.
@@ -102,5 +102,10 @@ public:
     // Twips per pixel of the screen: fixed at 15 so that every machine draws alike.
     static constexpr int TwipsPerPixel = 15;
 };
+
+// Pixels of a length in twips on the screen.
+constexpr int TwipsToPixels(int twips) {
+    return twips / Surface::TwipsPerPixel;
+}
 
 } // namespace vt

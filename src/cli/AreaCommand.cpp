@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "analysis/Area.h"
+#include "base/NumberText.h"
 #include "cli/Command.h"
 #include "cli/Json.h"
-#include "base/NumberText.h"
 
 namespace vt::cli {
 

@@ -7,8 +7,8 @@
 
 #include "cli/Command.h"
 #include "commands/KeyStroke.h"
-#include "entry/Entry.h"
 #include "commands/Startup.h"
+#include "entry/Entry.h"
 
 namespace vt::cli {
 
@@ -40,7 +40,8 @@ std::string Usage() {
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        {"formulas", "show the entry, display and evaluator texts of each function", FormulasCommand},
+        {"formulas", "show the entry, display and evaluator texts of each function",
+         FormulasCommand},
         {"eval", "evaluate every function at one x, as Evaluate f(x) does", EvalCommand},
         {"export", "paint the graph as the window does and write it as BMP or PNG", ExportCommand},
         {"equation", "typeset the function rows as the window shows them, as an image",
@@ -81,7 +82,8 @@ int ParseOrExit(QCommandLineParser& parser, const QStringList& arguments) {
 
 bool KeyStrings(const QCommandLineParser& parser, std::vector<std::string>& keys) {
     keys.clear();
-    for (const QString& value : parser.values("keys")) keys.push_back(value.toStdString());
+    for (const QString& value : parser.values("keys"))
+        keys.push_back(value.toStdString());
     if (keys.size() > static_cast<std::size_t>(UsableSlots)) {
         Err("veritrace-cli: at most five functions (-k) can be given");
         return false;

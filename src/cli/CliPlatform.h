@@ -10,13 +10,12 @@
 namespace vt::cli {
 
 class CliPlatform : public Platform {
-public:
+  public:
     std::vector<std::string> Messages;
 
     int MsgBox(const std::string& prompt, int style, const std::string&) override {
         Messages.push_back(prompt);
-        return (style & 7) == MsgYesNo || (style & 7) == MsgYesNoCancel ? MsgResultNo
-                                                                        : MsgResultOk;
+        return (style & 7) == MsgYesNo || (style & 7) == MsgYesNoCancel ? MsgResultNo : MsgResultOk;
     }
     Colour ChooseColour(Colour start) override { return start; }
     std::optional<std::string> OpenFileName(const FileDialogRequest&) override { return {}; }

@@ -16,9 +16,9 @@ namespace vt::cli {
 
 namespace {
 
-// A function row: 4335 by 615 twips.
-constexpr int RowWidth = 4335 / 15;
-constexpr int RowHeight = 615 / 15;
+// A function row's paper, in pixels.
+constexpr int RowWidth = TwipsToPixels(PaperWidth);
+constexpr int RowHeight = TwipsToPixels(PaperHeight);
 
 } // namespace
 
@@ -28,8 +28,8 @@ int EquationCommand(const QStringList& arguments) {
         "Typesets each function row that holds a function as the window shows it (unfocused,\n"
         "289 by 41 pixels a row) and writes the rows stacked top to bottom as one PNG or BMP.");
     AddKeysOption(parser);
-    parser.addOption(QCommandLineOption({"o", "output"}, "The image to write (.png or .bmp).",
-                                        "FILE"));
+    parser.addOption(
+        QCommandLineOption({"o", "output"}, "The image to write (.png or .bmp).", "FILE"));
     if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
     std::vector<std::string> keys;
     if (!KeyStrings(parser, keys)) return ExitUsage;
@@ -48,10 +48,7 @@ int EquationCommand(const QStringList& arguments) {
     s.BindHost(&host);
     std::vector<std::unique_ptr<render::RasterSurface>> rows;
     for (int i = 0; i < UsableSlots; ++i) {
-        auto row = std::make_unique<render::RasterSurface>(RowWidth, RowHeight);
-        row->FontName = "OrlentisFont";
-        row->FontSize = 12;
-        row->SmoothText = true;
+        auto row = render::MakeEquationPaper(RowWidth, RowHeight);
         row->Cls();
         host.Papers[static_cast<std::size_t>(i)] = row.get();
         rows.push_back(std::move(row));
@@ -78,7 +75,8 @@ int EquationCommand(const QStringList& arguments) {
         Err("veritrace-cli equation: could not write " + output.toStdString());
         return ExitRefused;
     }
-    for (const auto& message : platform.Messages) Err(message);
+    for (const auto& message : platform.Messages)
+        Err(message);
     return 0;
 }
 

@@ -1,9 +1,9 @@
 // veritrace-cli eval: the value of every function at one x, as Evaluate f(x) shows it.
 
+#include "base/NumberText.h"
 #include "cli/Command.h"
 #include "cli/Json.h"
 #include "plot/Evaluate.h"
-#include "base/NumberText.h"
 
 namespace vt::cli {
 
@@ -33,7 +33,8 @@ int EvalCommand(const QStringList& arguments) {
     LoadKeys(s, keys);
     PreCalcFX(s);
     std::vector<std::string> values;
-    for (int slot = 0; slot < UsableSlots; ++slot) values.push_back(CalculateYEval(s, x, slot));
+    for (int slot = 0; slot < UsableSlots; ++slot)
+        values.push_back(CalculateYEval(s, x, slot));
 
     if (parser.isSet("json")) {
         std::string out = "{\"x\":" + JsonString(given) + ",\"values\":[";
@@ -46,8 +47,8 @@ int EvalCommand(const QStringList& arguments) {
         const std::string& keysOfSlot =
             slot < static_cast<int>(keys.size()) ? keys[static_cast<std::size_t>(slot)] : "";
         if (keysOfSlot.empty()) continue;
-        Out("f" + std::to_string(slot + 1) + "(" + given + ") = " +
-            values[static_cast<std::size_t>(slot)] + "    [" + keysOfSlot + "]");
+        Out("f" + std::to_string(slot + 1) + "(" + given +
+            ") = " + values[static_cast<std::size_t>(slot)] + "    [" + keysOfSlot + "]");
     }
     return 0;
 }

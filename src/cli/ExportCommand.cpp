@@ -4,6 +4,7 @@
 #include <QImage>
 
 #include "analysis/Area.h"
+#include "base/NumberText.h"
 #include "cli/CliPlatform.h"
 #include "cli/Command.h"
 #include "cli/Json.h"
@@ -11,7 +12,6 @@
 #include "plot/Tracing.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
-#include "base/NumberText.h"
 
 namespace vt::cli {
 
@@ -52,7 +52,9 @@ bool ParseShade(const std::string& text, double& from, double& to, int& style) {
     return true;
 }
 
-std::string JsonNumber(double value) { return NumberText(value); }
+std::string JsonNumber(double value) {
+    return NumberText(value);
+}
 
 } // namespace
 
@@ -63,16 +65,17 @@ int ExportCommand(const QStringList& arguments) {
         "writes it as a BMP or PNG image. With --auto the view is first scaled as the toolbar's\n"
         "Graph button scales it.");
     AddKeysOption(parser);
-    parser.addOption(QCommandLineOption({"o", "output"}, "The image to write (.bmp or .png).",
-                                        "FILE"));
-    parser.addOption(QCommandLineOption(
-        "view", "The view before painting (default -20,20,-20,20).", "XMIN,XMAX,YMIN,YMAX"));
+    parser.addOption(
+        QCommandLineOption({"o", "output"}, "The image to write (.bmp or .png).", "FILE"));
+    parser.addOption(QCommandLineOption("view", "The view before painting (default -20,20,-20,20).",
+                                        "XMIN,XMAX,YMIN,YMAX"));
     parser.addOption(QCommandLineOption("auto", "Scale the view as the Graph button does."));
     parser.addOption(QCommandLineOption("hide-grid", "Leave out the grid (Hide Grid)."));
     parser.addOption(QCommandLineOption("quadrants", "Show the quadrant numerals."));
     parser.addOption(QCommandLineOption(
-        "shade", "Shade the area under the function between two x, as Shade Area does; STYLE is "
-                 "the fill style 0..7 (0 solid, 1 transparent, 2..7 hatches).",
+        "shade",
+        "Shade the area under the function between two x, as Shade Area does; STYLE is "
+        "the fill style 0..7 (0 solid, 1 transparent, 2..7 hatches).",
         "FROM,TO[,STYLE]"));
     AddJsonOption(parser);
     if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
@@ -139,9 +142,8 @@ int ExportCommand(const QStringList& arguments) {
                           "," + JsonNumber(s.ViewYMin) + "," + JsonNumber(s.ViewYMax) + "]";
         out += ",\"sample_step\":" + JsonNumber(s.SampleStep);
         out += std::string(",\"curve_drawn\":") + JsonBool(s.CurveDrawn);
-        out += ",\"message\":" +
-               (platform.Messages.empty() ? std::string("null")
-                                          : JsonString(platform.Messages.back()));
+        out += ",\"message\":" + (platform.Messages.empty() ? std::string("null")
+                                                            : JsonString(platform.Messages.back()));
         out += ",\"coordinates\":[";
         for (std::size_t i = 0; i < s.ListView1.size(); ++i) {
             const auto& item = s.ListView1[i];

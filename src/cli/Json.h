@@ -9,11 +9,21 @@ inline std::string JsonString(const std::string& text) {
     std::string out = "\"";
     for (unsigned char c : text) {
         switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
+        case '"':
+            out += "\\\"";
+            break;
+        case '\\':
+            out += "\\\\";
+            break;
+        case '\n':
+            out += "\\n";
+            break;
+        case '\r':
+            out += "\\r";
+            break;
+        case '\t':
+            out += "\\t";
+            break;
         default:
             if (c < 0x20) {
                 char buffer[8];
@@ -27,6 +37,8 @@ inline std::string JsonString(const std::string& text) {
     return out + "\"";
 }
 
-inline const char* JsonBool(bool value) { return value ? "true" : "false"; }
+inline const char* JsonBool(bool value) {
+    return value ? "true" : "false";
+}
 
 } // namespace vt::cli

@@ -3,16 +3,16 @@
 #include <functional>
 #include <utility>
 
-#include "display/Papers.h"
+#include "base/Platform.h"
+#include "base/Surface.h"
 #include "commands/KeyStroke.h"
+#include "commands/Startup.h"
+#include "display/Papers.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
 #include "session/MainMenu.h"
-#include "base/Platform.h"
-#include "commands/Startup.h"
-#include "base/Surface.h"
 
 namespace vt {
 

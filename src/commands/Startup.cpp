@@ -12,7 +12,8 @@ void StartSession(Session& s) {
     // The first row is incomplete until it holds a function, so the graph commands start
     // disabled; the other rows are not.
     s.SlotIncomplete(0) = true;
-    for (int i = 1; i <= 9; ++i) s.SlotIncomplete(i) = false;
+    for (int i = 1; i <= 9; ++i)
+        s.SlotIncomplete(i) = false;
     SetKeyMask(s);
 }
 

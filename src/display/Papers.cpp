@@ -1,7 +1,7 @@
 #include "display/Papers.h"
 
-#include "display/Typesetter.h"
 #include "base/Surface.h"
+#include "display/Typesetter.h"
 #include "translate/Graphable.h"
 
 namespace vt {

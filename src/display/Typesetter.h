@@ -10,8 +10,8 @@
 
 #include <string>
 
-#include "session/Session.h"
 #include "base/Surface.h"
+#include "session/Session.h"
 
 namespace vt {
 

@@ -213,7 +213,6 @@ void KeyIntoRow(Session& s, int keyAscii) {
     Rescan(s);
 }
 
-
 int BitsToMask(std::string_view bits) {
     // Kept to 16 bits as the mask is: a text of sixteen characters with a leading "1" reads as
     // a negative mask, which the key handler takes as "no key passes".

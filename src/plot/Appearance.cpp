@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "base/NumberText.h"
-#include "base/Platform.h"
 
 namespace vt {
 

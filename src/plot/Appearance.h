@@ -3,8 +3,8 @@
 // colours, the default colours, the line width, and RoundUp. They keep no state of their own:
 // each writes the session and redraws.
 
-#include "session/Session.h"
 #include "base/Surface.h"
+#include "session/Session.h"
 
 namespace vt {
 

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "plot/Expression.h"
 #include "base/NumberText.h"
+#include "plot/Expression.h"
 
 namespace vt {
 

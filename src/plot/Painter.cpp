@@ -5,11 +5,11 @@
 #include <optional>
 #include <string>
 
+#include "base/NumberText.h"
+#include "base/Surface.h"
 #include "plot/Evaluate.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "base/NumberText.h"
-#include "base/Surface.h"
 
 namespace vt {
 

@@ -5,11 +5,11 @@
 #include <limits>
 #include <string>
 
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "plot/Evaluate.h"
 #include "plot/Painter.h"
 #include "plot/View.h"
-#include "base/NumberText.h"
-#include "base/Platform.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -327,7 +327,7 @@ void AutoGraph(Session& s) {
         RedrawGraph(s);
         refresh();
         s.Host().Dialogs().MsgBox("The function could not be graphed within the maximum limits.",
-                           MsgOkOnly, "");
+                                  MsgOkOnly, "");
     }
 }
 

@@ -6,9 +6,9 @@
 
 #include <optional>
 
+#include "base/Surface.h"
 #include "plot/Evaluate.h"
 #include "session/Session.h"
-#include "base/Surface.h"
 
 namespace vt {
 

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <optional>
 
-#include "plot/Painter.h"
-#include "plot/Tracing.h"
 #include "base/NumberText.h"
 #include "base/Surface.h"
+#include "plot/Painter.h"
+#include "plot/Tracing.h"
 
 namespace vt {
 

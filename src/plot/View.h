@@ -35,7 +35,7 @@ enum class GraphMouseAction {
 };
 
 // The coordinates list's width, fixed in pixels (1935 twips).
-constexpr double ListViewPixelWidth = 1935.0 / 15.0;
+constexpr double ListViewPixelWidth = 1935.0 / Surface::TwipsPerPixel;
 
 // Sets the graph box's scale from the view, SampleStep from the absolute bounds, and the
 // placing of the coordinates list.

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "plot/Expression.h"
 #include "base/Checked.h"
+#include "plot/Expression.h"
 
 namespace vt {
 

@@ -13,14 +13,19 @@
 
 namespace vt {
 
-struct Session : CoreState, EntryState, BuildState, PlotState, DisplayState, WindowState,
+struct Session : CoreState,
+                 EntryState,
+                 BuildState,
+                 PlotState,
+                 DisplayState,
+                 WindowState,
                  AnalysisState {
     // Whatever shows the session: the main window, or the headless host while none is bound.
     Shell& Host() const { return host_ != nullptr ? *host_ : UnboundShell(); }
     // Binds a host for as long as it lives; null unbinds.
     void BindHost(Shell* host) { host_ = host; }
 
-private:
+  private:
     Shell* host_ = nullptr;
 };
 

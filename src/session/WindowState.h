@@ -28,6 +28,9 @@ struct ToolButton {
 
 // Twips of the rows' pitch and of the Blinker's place under the first row.
 constexpr int PaperRowPitch = 840;
+// Twips of a row's paper.
+constexpr int PaperWidth = 4335;
+constexpr int PaperHeight = 615;
 constexpr int BlinkerHomeLeft = 4680;
 constexpr int BlinkerHomeTop = 1700;
 constexpr std::uint32_t PaperWhite = 0xFFFFFF;

@@ -37,10 +37,7 @@ std::unique_ptr<render::RasterSurface> PlacePicturePaper(app::SurfaceView* pictu
     const QRect place = wide ? Twips(PictureWideLeft, PictureTop,
                                      pictureWidth + PictureLeft - PictureWideLeft, PictureHeight)
                              : Twips(PictureLeft, PictureTop, pictureWidth, PictureHeight);
-    auto paper = std::make_unique<render::RasterSurface>(place.width(), place.height());
-    paper->FontName = "OrlentisFont";
-    paper->FontSize = 12;
-    paper->SmoothText = true;
+    auto paper = render::MakeEquationPaper(place.width(), place.height());
     picture->SetSurface(paper.get());
     picture->move(place.topLeft());
     return paper;

@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <memory>
 
-#include "windows/SurfaceView.h"
 #include "render/RasterSurface.h"
+#include "windows/SurfaceView.h"
 
 namespace vt {
 

@@ -7,11 +7,11 @@
 #include <QPushButton>
 #include <QSlider>
 
+#include "render/Fonts.h"
+#include "render/RasterSurface.h"
 #include "windows/FunctionPicker.h"
 #include "windows/SurfaceView.h"
 #include "windows/Twips.h"
-#include "render/Fonts.h"
-#include "render/RasterSurface.h"
 
 namespace vt {
 

@@ -15,12 +15,12 @@
 #include <QToolButton>
 
 #include "analysis/EvalFX.h"
+#include "render/Fonts.h"
+#include "render/RasterSurface.h"
 #include "windows/FunctionPicker.h"
 #include "windows/Icons.h"
 #include "windows/SurfaceView.h"
 #include "windows/Twips.h"
-#include "render/Fonts.h"
-#include "render/RasterSurface.h"
 
 // The icons live in the render library's resources; a static library keeps them only when
 // something asks for them by name.

@@ -23,24 +23,24 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
-#include "windows/frmEvalFX.h"
-#include "windows/frmFillRange.h"
-#include "windows/SplashPlaceholder.h"
-#include "windows/SurfaceView.h"
-#include "windows/Icons.h"
-#include "windows/Twips.h"
-#include "display/Papers.h"
+#include "base/Platform.h"
 #include "commands/KeyStroke.h"
+#include "commands/MainCommands.h"
+#include "display/Papers.h"
 #include "entry/Entry.h"
-#include "plot/Painter.h"
 #include "plot/Appearance.h"
+#include "plot/Painter.h"
 #include "plot/View.h"
-#include "windows/frmLineWidth.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
-#include "commands/MainCommands.h"
 #include "session/MainMenu.h"
-#include "base/Platform.h"
+#include "windows/Icons.h"
+#include "windows/SplashPlaceholder.h"
+#include "windows/SurfaceView.h"
+#include "windows/Twips.h"
+#include "windows/frmEvalFX.h"
+#include "windows/frmFillRange.h"
+#include "windows/frmLineWidth.h"
 
 // The icons live in the render library's resources; a static library keeps them only when
 // something asks for them by name.
@@ -52,13 +52,10 @@ namespace vt {
 
 namespace {
 
-
 // The client area: the toolbar's width, and room under the graph box's frame.
 constexpr int ClientWidth = 11400;
 constexpr int ClientHeight = 7200;
 constexpr int GraphBoxTwips = 6000;
-
-
 
 // The window's background: a light, warm paper with a faint grain, made once.
 class BackgroundPanel : public QWidget {
@@ -135,7 +132,8 @@ frmGraphMain::frmGraphMain(Session& s, Platform& platform, MainWindowOptions opt
 frmGraphMain::~frmGraphMain() {
     // The rows and the graph box go after this body; focus moving among them on the way out
     // must not reach widgets already gone.
-    for (app::SurfaceView* view : papers_) view->Disconnect();
+    for (app::SurfaceView* view : papers_)
+        view->Disconnect();
     graph_->Disconnect();
     // The session may outlive the window (in the tests it does): leave nothing bound to it.
     s_.BindHost(nullptr);
@@ -216,7 +214,8 @@ void frmGraphMain::BuildGraphBox() {
     shape1_ = new FrameShape(client_);
     shape1_->setGeometry(Twips(5270, 960, 6030, 6030));
 
-    graphSurface_ = std::make_unique<render::RasterSurface>(Pixels(GraphBoxTwips), Pixels(GraphBoxTwips));
+    graphSurface_ =
+        std::make_unique<render::RasterSurface>(Pixels(GraphBoxTwips), Pixels(GraphBoxTwips));
     graph_ = new app::SurfaceView(client_);
     graph_->SetSurface(graphSurface_.get());
     graph_->move(Pixels(5280), Pixels(975));
@@ -276,14 +275,11 @@ void frmGraphMain::BuildGraphBox() {
 }
 
 void frmGraphMain::BuildRows() {
-    const QFont equationFont = render::FontFor("OrlentisFont", 12);
+    const QFont equationFont = render::FontFor(render::EquationFamily, 12);
     QWidget* previous = nullptr;
     for (int i = 0; i < UsableSlots; ++i) {
         const auto slot = static_cast<std::size_t>(i);
-        auto surface = std::make_unique<render::RasterSurface>(Pixels(4335), Pixels(615));
-        surface->FontName = "OrlentisFont";
-        surface->FontSize = 12;
-        surface->SmoothText = true;
+        auto surface = render::MakeEquationPaper(Pixels(PaperWidth), Pixels(PaperHeight));
         auto* paper = new app::SurfaceView(client_);
         paper->SetSurface(surface.get());
         paper->move(Pixels(840), Pixels(960 + PaperRowPitch * i));

@@ -5,17 +5,9 @@
 #include <QSlider>
 
 #include "plot/Appearance.h"
+#include "windows/Twips.h"
 
 namespace vt {
-
-namespace {
-
-// Designed in twips, shown at 15 twips a pixel.
-QRect Twips(int left, int top, int width, int height) {
-    return QRect(left / 15, top / 15, width / 15, height / 15);
-}
-
-} // namespace
 
 frmLineWidth::frmLineWidth(Session& s, QWidget* parent) : QDialog(parent), s_(s) {
     setWindowTitle(QString::fromUtf8(LineWidthCaption));

@@ -3,9 +3,9 @@
 #include <QString>
 
 #include "app/QtPlatform.h"
+#include "support/QtApp.h"
 #include "windows/SplashPlaceholder.h"
 #include "windows/SurfaceView.h"
-#include "support/QtApp.h"
 
 namespace vt::app {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <memory>
 
-#include "entry/EntryTesting.h"
 #include "commands/MainCommands.h"
+#include "entry/EntryTesting.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedPlatform.h"
 
@@ -140,7 +140,7 @@ TEST(MainCommands, ToolbarKeysRunTheirCommands) {
     for (const char* key : {"save", "regress", "web"})
         Toolbar1_ButtonClick(*f.s, key);
     EXPECT_EQ(f.host.Ran, (std::vector<HostCommand>{HostCommand::Save, HostCommand::PtSeries,
-                                                     HostCommand::HomePage}));
+                                                    HostCommand::HomePage}));
     EXPECT_TRUE(f.platform.Calls.empty());
 }
 
@@ -174,8 +174,11 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
 TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
     // {keys into row 0, another row left incomplete (-1: none), the commands open}: Backspace
     // on an empty row is a keystroke too.
-    const std::tuple<const char*, int, bool> cases[] = {
-        {"x+1", -1, true}, {"x+", -1, false}, {"\b", -1, false}, {"x+1", 9, false}, {"x^", 3, false}};
+    const std::tuple<const char*, int, bool> cases[] = {{"x+1", -1, true},
+                                                        {"x+", -1, false},
+                                                        {"\b", -1, false},
+                                                        {"x+1", 9, false},
+                                                        {"x^", 3, false}};
     for (const auto& [keys, otherIncomplete, open] : cases) {
         SCOPED_TRACE(keys);
         Fixture f;

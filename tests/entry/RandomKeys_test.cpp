@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "entry/EntryTesting.h"
-#include "support/RecordingShell.h"
 #include "entry/TokenText.h"
+#include "support/RecordingShell.h"
 #include "translate/Graphable.h"
 
 namespace vt {

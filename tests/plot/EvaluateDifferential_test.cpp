@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "base/NumberText.h"
 #include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
-#include "base/NumberText.h"
 
 namespace vt {
 

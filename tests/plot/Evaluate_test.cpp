@@ -3,8 +3,8 @@
 #include <cmath>
 #include <string>
 
-#include "plot/Evaluate.h"
 #include "base/NumberText.h"
+#include "plot/Evaluate.h"
 
 namespace vt {
 

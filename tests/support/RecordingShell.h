@@ -11,13 +11,13 @@
 namespace vt::test {
 
 struct RecordingShell : HeadlessShell {
-    std::vector<int> Focused;               // rows asked for the focus, in order
-    int Graphs = 0;                         // Enter on a complete row
+    std::vector<int> Focused; // rows asked for the focus, in order
+    int Graphs = 0;           // Enter on a complete row
     int RegressionRedraws = 0;
     int PointTableResets = 0;
     int SeriesCleared = 0;
     std::vector<std::array<double, 2>> Points; // points entered on the graph
-    std::vector<HostCommand> Ran;           // commands asked for, run or not
+    std::vector<HostCommand> Ran;              // commands asked for, run or not
     // When set, decides whether a command runs; unset, none has a window here.
     std::function<bool(HostCommand, int)> OnCommand;
 

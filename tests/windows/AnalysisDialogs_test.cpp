@@ -15,16 +15,16 @@
 #include <functional>
 #include <iterator>
 
-#include "windows/frmEvalFX.h"
-#include "windows/frmFillRange.h"
-#include "windows/SurfaceView.h"
 #include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
-#include "windows/frmLineWidth.h"
 #include "render/RasterSurface.h"
 #include "support/QtApp.h"
 #include "support/ScriptedPlatform.h"
+#include "windows/SurfaceView.h"
+#include "windows/frmEvalFX.h"
+#include "windows/frmFillRange.h"
+#include "windows/frmLineWidth.h"
 
 namespace vt::test {
 namespace {

@@ -12,13 +12,13 @@
 #include <QToolButton>
 #include <memory>
 
-#include "windows/SurfaceView.h"
+#include "commands/MainCommands.h"
 #include "entry/Entry.h"
 #include "render/RasterSurface.h"
-#include "commands/MainCommands.h"
-#include "windows/frmGraphMain.h"
 #include "support/QtApp.h"
 #include "support/ScriptedPlatform.h"
+#include "windows/SurfaceView.h"
+#include "windows/frmGraphMain.h"
 
 namespace vt {
 
