@@ -72,7 +72,7 @@ void PaintFive(benchmark::State& state, bool raster, bool textValues) {
     render::RasterSurface image(400, 400);
     NullSurface none;
     s->frmGraph = raster ? static_cast<Surface*>(&image) : &none;
-    s->PaintTextValues = textValues;
+    if (textValues) s->Evaluator.SetStrategy(EvalStrategy::Text);
     RedrawGraph(*s);
     if (!s->CurveDrawn) {
         state.SkipWithError("no curve was drawn");

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string>
 
-#include "plot/Expression.h"
+#include "expr/Expression.h"
 
 namespace vt {
 
