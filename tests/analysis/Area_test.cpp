@@ -117,7 +117,7 @@ TEST(AreaDialog, LoadOffersTheViewOrTheLastBandAndShadingOnlyForOneRow) {
     // clang-format off
     const std::tuple<const char*, double, double, std::string, int> cases[] = {
         {"", 0, 0, "-20|20", FillSolid}, {"", 0, 3.5, "0|3.5", FillCross},
-        {"", -1e-7, 0, "-1E-07|0", FillDiagonalCross}, {"1", 0, 0, "-20|20", FillTransparent}};
+        {"", -1e-7, 0, "-0.0000001|0", FillDiagonalCross}, {"1", 0, 0, "-20|20", FillTransparent}};
     // clang-format on
     for (const auto& [second, shadeFrom, shadeTo, range, graphStyle] : cases) {
         SCOPED_TRACE(range);
