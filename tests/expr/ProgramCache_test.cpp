@@ -34,29 +34,4 @@ TEST(ProgramCache, CompilesEachTextOnceAndDropsTheLeastRecentlyUsed) {
     EXPECT_EQ(r.value, 3);
 }
 
-TEST(CompiledScript, NegativeXBareOrInBrackets) {
-    // x is given as the Double its text reads back as; a negative one spliced bare puts its
-    // minus in front of the power.
-    // clang-format off
-    const std::tuple<const char*, double, bool, double> cases[] = {
-        {"x^2", -3, false, -9}, {"x^2", -3, true, 9}, {"-x^2", -3, false, 9},
-        {"-x^2", -3, true, -9}, {"2^x", -1, false, 0.5}, {"2^x", -1, true, 0.5},
-        {"x^2", 3, true, 9}, {"5-x", -2, false, 7}, {"5-x", -2, true, 7}
-    };
-    // clang-format on
-    for (const auto& [text, x, bracket, expected] : cases) {
-        const CompiledScript script(text);
-        ASSERT_TRUE(script.Applies()) << text;
-        const EvalResult one = script.Evaluate(x, bracket);
-        EvalResult many[3];
-        const double xs[3] = {x, 1, x};
-        script.EvaluateMany(xs, 3, bracket, many);
-        EXPECT_EQ(one.value, expected) << text << (bracket ? " bracketed" : "");
-        EXPECT_EQ(many[0].value, expected) << text << " in a batch";
-        EXPECT_EQ(many[2].value, expected) << text << " in a batch";
-    }
-    EXPECT_EQ(CompiledScript("x^.5").Evaluate(-4, true).kind, EvalResult::Failure);
-    EXPECT_FALSE(CompiledScript("x3.1415926538").Applies());
-}
-
 } // namespace vt
