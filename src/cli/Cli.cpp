@@ -39,7 +39,8 @@ std::string Usage() {
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        {"formulas", "show the entry, display and evaluator texts of each function", FormulasCommand},
+        {"formulas", "show the entry, display and evaluator texts of each function",
+         FormulasCommand},
         {"eval", "evaluate every function at one x, as Evaluate f(x) does", EvalCommand},
         {"export", "paint the graph as the window does and write it as BMP or PNG", ExportCommand},
         {"equation", "typeset the function rows as the window shows them, as an image",
@@ -56,6 +57,37 @@ void AddKeysOption(QCommandLineParser& parser) {
 
 void AddJsonOption(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption("json", "Print one JSON object instead of text."));
+}
+
+void AddPictureOptions(QCommandLineParser& parser) {
+    parser.addOption(QCommandLineOption(
+        "format", "The kind of picture, when not the one of the output's extension.", "FORMAT"));
+    parser.addOption(QCommandLineOption(
+        "scale", "Draw N times as many pixels with the same geometry (1 to 8, default 1).", "N"));
+}
+
+bool PictureOptions(const QCommandLineParser& parser, const char* command,
+                    const std::vector<render::PictureFormat>& allowed,
+                    render::PictureFormat& format, int& scale) {
+    const std::string name = std::string("veritrace-cli ") + command + ": ";
+    const auto chosen =
+        render::PictureFormatFor(parser.value("output"), parser.value("format"), allowed);
+    if (!chosen) {
+        Err(name + "the picture must be " + render::PictureFormatList(allowed) +
+            " (by the extension of -o, or --format)");
+        return false;
+    }
+    format = *chosen;
+    scale = 1;
+    if (parser.isSet("scale")) {
+        const auto n = render::PictureScaleFrom(parser.value("scale"));
+        if (!n) {
+            Err(name + "--scale takes a whole number from 1 to 8");
+            return false;
+        }
+        scale = *n;
+    }
+    return true;
 }
 
 int ParseOrExit(QCommandLineParser& parser, const QStringList& arguments) {
@@ -80,7 +112,8 @@ int ParseOrExit(QCommandLineParser& parser, const QStringList& arguments) {
 
 bool KeyStrings(const QCommandLineParser& parser, std::vector<std::string>& keys) {
     keys.clear();
-    for (const QString& value : parser.values("keys")) keys.push_back(value.toStdString());
+    for (const QString& value : parser.values("keys"))
+        keys.push_back(value.toStdString());
     if (keys.size() > static_cast<std::size_t>(UsableSlots)) {
         Err("veritrace-cli: at most five functions (-k) can be given");
         return false;

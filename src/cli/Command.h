@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "render/PictureFile.h"
 #include "session/Session.h"
 
 namespace vt::cli {
@@ -27,6 +28,17 @@ const std::vector<Command>& Commands();
 // Adds -k/--keys (repeatable) and --json to a parser.
 void AddKeysOption(QCommandLineParser& parser);
 void AddJsonOption(QCommandLineParser& parser);
+
+// Adds --format and --scale, for the commands that write a picture.
+void AddPictureOptions(QCommandLineParser& parser);
+inline const std::vector<render::PictureFormat> AllPictureFormats = {
+    render::PictureFormat::Png, render::PictureFormat::Bmp, render::PictureFormat::Svg,
+    render::PictureFormat::Pdf};
+// The format (from --format, or else the extension of -o) among `allowed`, and the scale.
+// False, after a message naming the command, when either is wrong.
+bool PictureOptions(const QCommandLineParser& parser, const char* command,
+                    const std::vector<render::PictureFormat>& allowed,
+                    render::PictureFormat& format, int& scale);
 
 // Parses the arguments of a subcommand. On a bad argument or --help it prints (usage on stderr
 // for an error) and returns the exit code to end with; otherwise -1.

@@ -1,14 +1,13 @@
 // veritrace-cli equation: the typeset function rows, as the window shows them, in one image.
 
-#include <QFileInfo>
-#include <QImage>
-#include <QPainter>
+#include <algorithm>
 #include <memory>
 
 #include "cli/CliPlatform.h"
 #include "cli/Command.h"
 #include "display/Papers.h"
 #include "render/Fonts.h"
+#include "render/PictureFile.h"
 #include "render/RasterSurface.h"
 #include "translate/Graphable.h"
 
@@ -26,37 +25,30 @@ int EquationCommand(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Typesets each function row that holds a function as the window shows it (unfocused,\n"
-        "289 by 41 pixels a row) and writes the rows stacked top to bottom as one PNG or BMP.");
+        "289 by 41 pixels a row) and writes the rows stacked top to bottom as one PNG or BMP\n"
+        "image, or as SVG or PDF with the text in the equation font.");
     AddKeysOption(parser);
-    parser.addOption(QCommandLineOption({"o", "output"}, "The image to write (.png or .bmp).",
-                                        "FILE"));
+    parser.addOption(QCommandLineOption(
+        {"o", "output"}, "The picture to write (.png, .bmp, .svg or .pdf).", "FILE"));
+    AddPictureOptions(parser);
     if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
     std::vector<std::string> keys;
     if (!KeyStrings(parser, keys)) return ExitUsage;
     const QString output = parser.value("output");
-    const QString suffix = QFileInfo(output).suffix().toLower();
-    if (output.isEmpty() || (suffix != "png" && suffix != "bmp")) {
-        Err("veritrace-cli equation: give the image to write with -o FILE.png or FILE.bmp");
+    if (output.isEmpty()) {
+        Err("veritrace-cli equation: give the picture to write with -o FILE.png, .bmp, .svg or "
+            ".pdf");
         return ExitUsage;
     }
+    render::PictureFormat format{};
+    int scale = 1;
+    if (!PictureOptions(parser, "equation", AllPictureFormats, format, scale)) return ExitUsage;
 
     render::LoadBundledFonts();
     CliPlatform platform;
     Session s;
     s.Host = &platform;
-    std::vector<std::unique_ptr<render::RasterSurface>> rows;
-    for (int i = 0; i < UsableSlots; ++i) {
-        auto row = std::make_unique<render::RasterSurface>(RowWidth, RowHeight);
-        row->FontName = "OrlentisFont";
-        row->FontSize = 12;
-        row->SmoothText = true;
-        row->Cls();
-        s.Paper[static_cast<std::size_t>(i)] = row.get();
-        rows.push_back(std::move(row));
-    }
     LoadKeys(s, keys);
-    RedrawPapers(s);
-
     std::vector<int> filled;
     for (int i = 0; i < UsableSlots; ++i)
         if (!DisplayText(s, i).empty()) filled.push_back(i);
@@ -64,19 +56,33 @@ int EquationCommand(const QStringList& arguments) {
         Err("veritrace-cli equation: no row holds a function");
         return ExitRefused;
     }
-    QImage sheet(RowWidth, RowHeight * static_cast<int>(filled.size()), QImage::Format_RGB32);
-    sheet.setDotsPerMeterX(3780);
-    sheet.setDotsPerMeterY(3780);
-    QPainter painter(&sheet);
-    for (std::size_t n = 0; n < filled.size(); ++n)
-        painter.drawImage(0, RowHeight * static_cast<int>(n),
-                          rows[static_cast<std::size_t>(filled[n])]->QtImage());
-    painter.end();
-    if (!sheet.save(output, suffix == "bmp" ? "BMP" : "PNG")) {
-        Err("veritrace-cli equation: could not write " + output.toStdString());
+
+    // Each row that holds a function gets its place on the sheet; the rows are drawn as the
+    // window draws them, all five, so the typesetter sees what it always sees.
+    render::PictureFile picture(output, format, RowWidth,
+                                RowHeight * static_cast<int>(filled.size()), scale);
+    std::vector<std::unique_ptr<render::RasterSurface>> unused;
+    for (int i = 0; i < UsableSlots; ++i) {
+        const auto place = std::find(filled.begin(), filled.end(), i);
+        Surface* row = nullptr;
+        if (place != filled.end()) {
+            row = &picture.SurfaceAt(0, RowHeight * static_cast<int>(place - filled.begin()),
+                                     RowWidth, RowHeight, true);
+        } else {
+            unused.push_back(std::make_unique<render::RasterSurface>(RowWidth, RowHeight));
+            row = unused.back().get();
+        }
+        row->FontName = "OrlentisFont";
+        row->FontSize = 12;
+        s.Paper[static_cast<std::size_t>(i)] = row;
+    }
+    RedrawPapers(s);
+    if (std::string error; !picture.Finish(error)) {
+        Err("veritrace-cli equation: " + error);
         return ExitRefused;
     }
-    for (const auto& message : platform.Messages) Err(message);
+    for (const auto& message : platform.Messages)
+        Err(message);
     return 0;
 }
 

@@ -1,8 +1,5 @@
 // veritrace-cli export: the graph box painted as the window paints it, written to an image.
 
-#include <QFileInfo>
-#include <QImage>
-
 #include "analysis/Area.h"
 #include "cli/CliPlatform.h"
 #include "cli/Command.h"
@@ -10,7 +7,7 @@
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
 #include "render/Fonts.h"
-#include "render/RasterSurface.h"
+#include "render/PictureFile.h"
 #include "session/NumberText.h"
 
 namespace vt::cli {
@@ -52,7 +49,9 @@ bool ParseShade(const std::string& text, double& from, double& to, int& style) {
     return true;
 }
 
-std::string JsonNumber(double value) { return NumberText(value); }
+std::string JsonNumber(double value) {
+    return NumberText(value);
+}
 
 } // namespace
 
@@ -60,19 +59,21 @@ int ExportCommand(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Paints the graph box of the functions as the window does (400 by 400 pixels) and\n"
-        "writes it as a BMP or PNG image. With --auto the view is first scaled as the toolbar's\n"
-        "Graph button scales it.");
+        "writes it as a PNG or BMP image, or as SVG or PDF with lines and text as vectors.\n"
+        "With --auto the view is first scaled as the toolbar's Graph button scales it.");
     AddKeysOption(parser);
-    parser.addOption(QCommandLineOption({"o", "output"}, "The image to write (.bmp or .png).",
-                                        "FILE"));
     parser.addOption(QCommandLineOption(
-        "view", "The view before painting (default -20,20,-20,20).", "XMIN,XMAX,YMIN,YMAX"));
+        {"o", "output"}, "The picture to write (.png, .bmp, .svg or .pdf).", "FILE"));
+    AddPictureOptions(parser);
+    parser.addOption(QCommandLineOption("view", "The view before painting (default -20,20,-20,20).",
+                                        "XMIN,XMAX,YMIN,YMAX"));
     parser.addOption(QCommandLineOption("auto", "Scale the view as the Graph button does."));
     parser.addOption(QCommandLineOption("hide-grid", "Leave out the grid (Hide Grid)."));
     parser.addOption(QCommandLineOption("quadrants", "Show the quadrant numerals."));
     parser.addOption(QCommandLineOption(
-        "shade", "Shade the area under the function between two x, as Shade Area does; STYLE is "
-                 "the fill style 0..7 (0 solid, 1 transparent, 2..7 hatches).",
+        "shade",
+        "Shade the area under the function between two x, as Shade Area does; STYLE is "
+        "the fill style 0..7 (0 solid, 1 transparent, 2..7 hatches).",
         "FROM,TO[,STYLE]"));
     AddJsonOption(parser);
     if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
@@ -84,11 +85,9 @@ int ExportCommand(const QStringList& arguments) {
         Err("veritrace-cli export: give the image to write with -o FILE.bmp or FILE.png");
         return ExitUsage;
     }
-    const QString suffix = QFileInfo(output).suffix().toLower();
-    if (suffix != "bmp" && suffix != "png") {
-        Err("veritrace-cli export: the image must end in .bmp or .png: " + output.toStdString());
-        return ExitUsage;
-    }
+    render::PictureFormat format{};
+    int scale = 1;
+    if (!PictureOptions(parser, "export", AllPictureFormats, format, scale)) return ExitUsage;
     double view[4] = {-20, 20, -20, 20};
     if (parser.isSet("view") && !ParseView(parser.value("view").toStdString(), view)) {
         Err("veritrace-cli export: --view takes four numbers XMIN,XMAX,YMIN,YMAX with each "
@@ -106,7 +105,8 @@ int ExportCommand(const QStringList& arguments) {
 
     render::LoadBundledFonts();
     CliPlatform platform;
-    render::RasterSurface box(400, 400);
+    render::PictureFile picture(output, format, 400, 400, scale);
+    Surface& box = picture.SurfaceAt(0, 0, 400, 400);
     Session s;
     s.Host = &platform;
     s.frmGraph = &box;
@@ -127,8 +127,8 @@ int ExportCommand(const QStringList& arguments) {
     else
         RedrawGraph(s);
 
-    if (!box.QtImage().save(output, suffix == "bmp" ? "BMP" : "PNG")) {
-        Err("veritrace-cli export: could not write " + output.toStdString());
+    if (std::string error; !picture.Finish(error)) {
+        Err("veritrace-cli export: " + error);
         return ExitRefused;
     }
 
@@ -137,9 +137,8 @@ int ExportCommand(const QStringList& arguments) {
                           "," + JsonNumber(s.ViewYMin) + "," + JsonNumber(s.ViewYMax) + "]";
         out += ",\"sample_step\":" + JsonNumber(s.SampleStep);
         out += std::string(",\"curve_drawn\":") + JsonBool(s.CurveDrawn);
-        out += ",\"message\":" +
-               (platform.Messages.empty() ? std::string("null")
-                                          : JsonString(platform.Messages.back()));
+        out += ",\"message\":" + (platform.Messages.empty() ? std::string("null")
+                                                            : JsonString(platform.Messages.back()));
         out += ",\"coordinates\":[";
         for (std::size_t i = 0; i < s.ListView1.size(); ++i) {
             const auto& item = s.ListView1[i];
