@@ -61,9 +61,11 @@ void PainterSurface::Begin() {
         painter_.setTransform(toDevice_);
         painter_.setClipRect(QRectF(0, 0, PixelWidth(), PixelHeight()));
     }
-    painter_.setRenderHint(QPainter::Antialiasing, true);
-    painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter_.setBrush(Qt::NoBrush);
+    if (!painter_.testRenderHint(QPainter::Antialiasing))
+        painter_.setRenderHint(QPainter::Antialiasing, true);
+    if (painter_.compositionMode() != QPainter::CompositionMode_SourceOver)
+        painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    if (painter_.brush().style() != Qt::NoBrush) painter_.setBrush(Qt::NoBrush);
 }
 
 QColor PainterSurface::PenColour(Colour colour) const {
