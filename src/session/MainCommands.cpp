@@ -274,6 +274,7 @@ void RunMenuCommand(Session& s, const std::string& name) {
         {"mnuSave", [](Session& x) { Run(x, x.Commands.mnuSave_Click); }},
         {"mnuLoad", [](Session& x) { Run(x, x.Commands.mnuLoad_Click); }},
         {"mnuBitMap", [](Session& x) { Run(x, x.Commands.mnuBitMap_Click); }},
+        {"mnuCopyGraph", [](Session& x) { Run(x, x.Commands.mnuCopyGraph_Click); }},
         {"mnuGraphIt", mnuGraphIt_Click},
         {"mnuInsertF", mnuInsertF_Click},
         {"mnuClearData", mnuClearData_Click},

@@ -39,6 +39,7 @@ struct WindowCommands {
     std::function<void()> mnuSave_Click;
     std::function<void()> mnuLoad_Click; // also loads CommandFile at start
     std::function<void()> mnuBitMap_Click;
+    std::function<void()> mnuCopyGraph_Click; // the graph box to the clipboard
     std::function<void()> mnuEvaluate_Click;
     std::function<void()> mnuShade_Click;
     std::function<void()> mnuLineW_Click;

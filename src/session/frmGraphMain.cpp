@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QCursor>
@@ -361,6 +362,7 @@ void frmGraphMain::BindSession() {
     s_.Commands.mnuLineW_Click = [this] { ShowLineWidth(s_, this); };
     s_.Commands.mnuEvaluate_Click = [this] { ShowEvaluateFX(s_, this); };
     s_.Commands.mnuShade_Click = [this] { ShowCalculateArea(s_, this); };
+    s_.Commands.mnuCopyGraph_Click = [this] { CopyGraph(); };
 }
 
 void frmGraphMain::GiveFocusToRow(int row) {
@@ -371,6 +373,11 @@ void frmGraphMain::GiveFocusToRow(int row) {
     // While the window is not the active one, Qt only notes the focus for later and sends no
     // focus event; the row is made the active one all the same.
     if (!paper->hasFocus()) Paper_GotFocus(s_, row);
+}
+
+void frmGraphMain::CopyGraph() {
+    // The graph box as it stands, pixel for pixel, as Save Graph As Bitmap writes it.
+    QGuiApplication::clipboard()->setImage(graphSurface_->QtImage());
 }
 
 void frmGraphMain::MakeSavedProblemsFolder() {

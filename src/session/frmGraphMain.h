@@ -89,6 +89,8 @@ class frmGraphMain : public QMainWindow {
     void BuildGraphBox();
     void BindSession();
     void MakeSavedProblemsFolder();
+    // Copy Graph: the graph box's picture to the clipboard.
+    void CopyGraph();
     void MirrorRows();
     void MirrorListView();
     void GiveFocusToRow(int row);
