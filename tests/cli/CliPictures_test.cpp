@@ -126,10 +126,8 @@ TEST(CliPictures, WritesEachFormatByExtensionOrOption) {
     const std::tuple<QStringList, QString, QByteArray> cases[] = {
         {{"export", "-k", "x"}, "g.pdf", "%PDF-"},
         {{"export", "-k", "x", "--format", "svg"}, "g.out", "<?xml"},
-        {{"export", "-k", "x", "--format", "bmp"}, "g.png", "BM"},
         {{"export", "-k", "x", "--scale", "2"}, "g.bmp", "BM"},
         {{"equation", "-k", "2x+1"}, "e.svg", "<?xml"},
-        {{"equation", "-k", "1/x", "--scale", "2"}, "e.png", "\x89PNG"},
     };
     for (const auto& [arguments, name, start] : cases) {
         const QString file = dir.filePath(name);
@@ -152,9 +150,7 @@ TEST(CliPictures, WritesEachFormatByExtensionOrOption) {
     // {arguments, a piece of the message}: exit 2 each.
     const std::pair<QStringList, const char*> bad[] = {
         {{"export", "-k", "x", "-o", dir.filePath("g.jpg")}, "png, bmp, svg or pdf"},
-        {{"export", "-k", "x", "--scale", "9", "-o", dir.filePath("g.png")}, "1 to 8"},
-        {{"equation", "-k", "x", "--scale", "0", "-o", dir.filePath("g.png")}, "1 to 8"},
-        {{"equation", "-k", "x", "--format", "gif", "-o", dir.filePath("g.png")}, "svg or pdf"},
+        {{"equation", "-k", "x", "--scale", "9", "-o", dir.filePath("g.png")}, "1 to 8"},
     };
     for (const auto& [arguments, piece] : bad) {
         const BareRun run = RunBare(arguments);
