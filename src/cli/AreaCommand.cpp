@@ -65,7 +65,7 @@ int AreaCommand(const QStringList& arguments) {
     }
 
     Session s;
-    LoadKeys(s, keys);
+    if (const int code = LoadFunctions(s, parser, keys); code >= 0) return code;
     const AreaOutcome outcome = CalculateArea(s, from, to, step, slot);
     if (parser.isSet("json"))
         Out("{\"area\":" + JsonString(outcome.Text) + "}");

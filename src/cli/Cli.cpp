@@ -16,6 +16,8 @@ int EvalCommand(const QStringList& arguments);
 int ExportCommand(const QStringList& arguments);
 int EquationCommand(const QStringList& arguments);
 int AreaCommand(const QStringList& arguments);
+int SaveCommand(const QStringList& arguments);
+int LoadCommand(const QStringList& arguments);
 
 namespace {
 
@@ -45,6 +47,8 @@ const std::vector<Command>& Commands() {
         {"equation", "typeset the function rows as the window shows them, as an image",
          EquationCommand},
         {"area", "the area under one function between two x, as Calculate Area does", AreaCommand},
+        {"save", "write the graph data file the window would save", SaveCommand},
+        {"load", "load a graph data file as the window does and show the session", LoadCommand},
     };
     return commands;
 }
@@ -52,6 +56,7 @@ const std::vector<Command>& Commands() {
 void AddKeysOption(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption(
         {"k", "keys"}, "The keys of one function row (repeat for rows 1 to 4).", "KEYS"));
+    AddFileOption(parser);
 }
 
 void AddJsonOption(QCommandLineParser& parser) {

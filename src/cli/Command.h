@@ -39,6 +39,20 @@ bool KeyStrings(const QCommandLineParser& parser, std::vector<std::string>& keys
 // 0, 1, ... as loading a graph data file does.
 void LoadKeys(Session& s, const std::vector<std::string>& keys);
 
+// -f/--file FILE.vtx, added with -k. With it, -k and -p are refused.
+void AddFileOption(QCommandLineParser& parser);
+// Whether -f was given with -k or -p; prints the usage message when so.
+bool FileRefusesOtherInput(const QCommandLineParser& parser);
+// Loads a graph data file into the session as the window loads one named on its command line:
+// the session started, the file's rows replayed, its trend and points set. Returns the message
+// the load showed, empty when it had none; the state it reached stays either way.
+std::string LoadFile(Session& s, const std::string& path);
+// The functions of a command: the -f file when given, else the -k keys as LoadKeys has them.
+// With a file, keys become the rows' texts as loaded, up to the last row with any. Returns -1
+// to go on, or the exit code (a usage error, or a file the load refused after its message was
+// printed).
+int LoadFunctions(Session& s, const QCommandLineParser& parser, std::vector<std::string>& keys);
+
 // Prints to stdout / stderr, with a newline.
 void Out(const std::string& text);
 void Err(const std::string& text);

@@ -54,7 +54,7 @@ int EquationCommand(const QStringList& arguments) {
         s.Paper[static_cast<std::size_t>(i)] = row.get();
         rows.push_back(std::move(row));
     }
-    LoadKeys(s, keys);
+    if (const int code = LoadFunctions(s, parser, keys); code >= 0) return code;
     RedrawPapers(s);
 
     std::vector<int> filled;

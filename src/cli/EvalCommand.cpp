@@ -30,7 +30,7 @@ int EvalCommand(const QStringList& arguments) {
     const double x = PrefixNumber(given);
 
     Session s;
-    LoadKeys(s, keys);
+    if (const int code = LoadFunctions(s, parser, keys); code >= 0) return code;
     PreCalcFX(s);
     std::vector<std::string> values;
     for (int slot = 0; slot < UsableSlots; ++slot) values.push_back(CalculateYEval(s, x, slot));

@@ -114,7 +114,7 @@ int ExportCommand(const QStringList& arguments) {
     // As the window starts: the empty graph is painted once before anything is typed.
     LoadKeys(s, {});
     RedrawGraph(s);
-    LoadKeys(s, keys);
+    if (const int code = LoadFunctions(s, parser, keys); code >= 0) return code;
     s.ViewXMin = view[0];
     s.ViewXMax = view[1];
     s.ViewYMin = view[2];

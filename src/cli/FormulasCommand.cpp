@@ -19,13 +19,13 @@ int FormulasCommand(const QStringList& arguments) {
     if (const int code = ParseOrExit(parser, arguments); code >= 0) return code;
     std::vector<std::string> keys;
     if (!KeyStrings(parser, keys)) return ExitUsage;
-    if (keys.empty()) {
+    if (keys.empty() && !parser.isSet("file")) {
         Err("veritrace-cli formulas: give at least one function with -k KEYS");
         return ExitUsage;
     }
 
     Session s;
-    LoadKeys(s, keys);
+    if (const int code = LoadFunctions(s, parser, keys); code >= 0) return code;
     PreCalcFX(s);
     const bool canGraph = CanGraph(s);
 

@@ -8,6 +8,7 @@
 #include "analysis/AnalysisState.h"
 #include "display/DisplayState.h"
 #include "entry/EntryState.h"
+#include "output/OutputState.h"
 #include "plot/PlotState.h"
 #include "session/CoreState.h"
 #include "session/WindowState.h"
@@ -19,7 +20,7 @@ class Surface;
 class Platform;
 
 struct Session : CoreState, EntryState, BuildState, PlotState, DisplayState, WindowState,
-                 AnalysisState {
+                 AnalysisState, OutputState {
     // What the logic asks of the window, bound by whoever shows the session. Unbound, they do
     // nothing, which is what the command-line companion wants.
     std::function<void(bool)> SetGraphCommandsEnabled; // toolbar buttons 1, 12, 13 and the menus
