@@ -44,9 +44,13 @@ std::FILE* CreateTemporary(const fs::path& target, fs::path& temporary, int& err
     const auto ticks = static_cast<unsigned long long>(
         std::chrono::steady_clock::now().time_since_epoch().count());
     for (int attempt = 0; attempt < 100; ++attempt) {
+        std::string name(".");
+        name += target.filename().string();
+        name += '.';
+        name += std::to_string((ticks + counter++) % 1000000007ull);
+        name += ".tmp";
         temporary = target;
-        temporary.replace_filename("." + target.filename().string() + "." +
-                                   std::to_string((ticks + counter++) % 1000000007ull) + ".tmp");
+        temporary.replace_filename(name);
         // "x": fails rather than opens a file that is already there.
         if (std::FILE* file = std::fopen(temporary.c_str(), "wbx")) return file;
         error = errno;
