@@ -25,11 +25,11 @@
 
 #include "analysis/frmEvalFX.h"
 #include "analysis/frmFillRange.h"
-#include "app/qt/SplashPlaceholder.h"
 #include "app/qt/SurfaceView.h"
 #include "app/qt/Icons.h"
 #include "app/qt/Twips.h"
 #include "display/Papers.h"
+#include "info/HelpAndWeb.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
 #include "plot/Appearance.h"
@@ -40,6 +40,8 @@
 #include "session/MainCommands.h"
 #include "session/MainMenu.h"
 #include "session/Platform.h"
+#include "windows/frmAbout.h"
+#include "windows/frmLogo.h"
 
 // The icons live in the render library's resources; a static library keeps them only when
 // something asks for them by name.
@@ -361,6 +363,12 @@ void frmGraphMain::BindSession() {
     s_.Commands.mnuLineW_Click = [this] { ShowLineWidth(s_, this); };
     s_.Commands.mnuEvaluate_Click = [this] { ShowEvaluateFX(s_, this); };
     s_.Commands.mnuShade_Click = [this] { ShowCalculateArea(s_, this); };
+    // Help, the web pages and About.
+    s_.Commands.mnuHelpTopics_Click = [this] { vt::mnuHelpTopics_Click(s_); };
+    s_.Commands.mnuVeritrace_Click = [this] { vt::mnuVeritrace_Click(s_); };
+    s_.Commands.OpenHomePage = [this] { vt::OpenHomePage(s_); };
+    s_.Commands.mnuOnlineSupport_Click = [this] { vt::mnuOnlineSupport_Click(s_); };
+    s_.Commands.mnuAbout_Click = [this] { windows::ShowAbout(platform_, this); };
 }
 
 void frmGraphMain::GiveFocusToRow(int row) {
@@ -400,7 +408,7 @@ void frmGraphMain::Form_Load() {
     PrepareMainWindow(s_);
     MakeSavedProblemsFolder();
     if (options_.ShowSplash) {
-        app::SplashPlaceholder splash;
+        windows::frmLogo splash;
         splash.exec();
     }
     RedrawGraph(s_);

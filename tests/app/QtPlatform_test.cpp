@@ -3,7 +3,6 @@
 #include <QString>
 
 #include "app/qt/QtPlatform.h"
-#include "app/qt/SplashPlaceholder.h"
 #include "app/qt/SurfaceView.h"
 #include "support/QtApp.h"
 
@@ -38,14 +37,6 @@ TEST(SurfaceView, KeysBecomeTheProgramsKeyCodes) {
     }
     EXPECT_EQ(ClassicShift(Qt::ShiftModifier | Qt::AltModifier), 5);
     EXPECT_EQ(ClassicButton(Qt::RightButton), 2);
-}
-
-TEST(SplashPlaceholder, ClosesItselfAfterItsTime) {
-    test::QtApp();
-    SplashPlaceholder splash(nullptr, 30);
-    EXPECT_EQ(splash.size(), QSize(542, 240));
-    EXPECT_EQ(splash.exec(), QDialog::Accepted);
-    EXPECT_FALSE(splash.isVisible());
 }
 
 } // namespace vt::app
