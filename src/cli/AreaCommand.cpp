@@ -35,6 +35,7 @@ Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out) {
     parser.addOption(QCommandLineOption("slot", "The function row, 0 to 4 (default 0).", "N", "0"));
     AddKeysOption(parser);
     AddJsonOption(parser);
+    AddBracketNegativeXOption(parser);
     if (const auto code = ReadArguments(parser, arguments, out)) return *code;
     AreaJob job;
     auto keys = ReadKeys(parser, out);
@@ -51,6 +52,7 @@ Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out) {
     job.To = parser.value("to").toStdString();
     job.Step = parser.value("step").toStdString();
     job.Json = parser.isSet("json");
+    job.BracketNegativeX = parser.isSet("bracket-negative-x");
     return job;
 }
 
@@ -73,6 +75,7 @@ int RunArea(const AreaJob& job, Output& out) {
                                     " samples; at most " + NumberText(MaxSamples) + " are taken");
 
     HeadlessSession headless;
+    headless.S().BracketNegativeX = job.BracketNegativeX;
     headless.LoadRows(job.Keys);
     const AreaOutcome outcome = CalculateArea(headless.S(), job.From, job.To, job.Step, job.Slot);
     if (job.Json)

@@ -81,6 +81,13 @@ void AddJsonOption(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption("json", "Print one JSON object instead of text."));
 }
 
+void AddBracketNegativeXOption(QCommandLineParser& parser) {
+    parser.addOption(QCommandLineOption(
+        "bracket-negative-x",
+        "Put a negative x into the functions in brackets, as Bracket Negative x does: x^2 at -3 "
+        "is 9 (without it, -9)."));
+}
+
 void AddPictureOptions(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption(
         "format", "The kind of picture, when not the one of the output's extension.", "FORMAT"));

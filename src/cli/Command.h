@@ -54,6 +54,8 @@ const std::vector<Command>& Commands();
 // Adds -k/--keys (repeatable) and --json to a parser.
 void AddKeysOption(QCommandLineParser& parser);
 void AddJsonOption(QCommandLineParser& parser);
+// Adds --bracket-negative-x, for the commands that evaluate the functions.
+void AddBracketNegativeXOption(QCommandLineParser& parser);
 
 // Reads the arguments with the parser (which gets --help here). Returns the exit code to end
 // with now: 0 after printing the help, 2 after a parse error or a stray argument (with the

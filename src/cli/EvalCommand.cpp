@@ -18,6 +18,7 @@ Parsed<EvalJob> ParseEval(const QStringList& arguments, Output& out) {
     parser.addOption(QCommandLineOption("at", "The x to evaluate at.", "X"));
     AddKeysOption(parser);
     AddJsonOption(parser);
+    AddBracketNegativeXOption(parser);
     if (const auto code = ReadArguments(parser, arguments, out)) return *code;
     EvalJob job;
     auto keys = ReadKeys(parser, out);
@@ -27,6 +28,7 @@ Parsed<EvalJob> ParseEval(const QStringList& arguments, Output& out) {
     job.Keys = std::move(*keys);
     job.At = parser.value("at").toStdString();
     job.Json = parser.isSet("json");
+    job.BracketNegativeX = parser.isSet("bracket-negative-x");
     return job;
 }
 
@@ -39,6 +41,7 @@ int RunEval(const EvalJob& job, Output& out) {
 
     HeadlessSession headless;
     Session& s = headless.S();
+    s.BracketNegativeX = job.BracketNegativeX;
     headless.LoadRows(job.Keys);
     PreCalcFX(s);
     std::vector<std::string> values;

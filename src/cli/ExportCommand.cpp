@@ -74,6 +74,7 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
         "Shade the area under the function between two x, as Shade Area does; STYLE is "
         "the fill style 0..7 (0 solid, 1 transparent, 2..7 hatches).",
         "FROM,TO[,STYLE]"));
+    AddBracketNegativeXOption(parser);
     AddJsonOption(parser);
     if (const auto code = ReadArguments(parser, arguments, out)) return *code;
     ExportJob job;
@@ -114,12 +115,14 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
     job.HideGrid = parser.isSet("hide-grid");
     job.Quadrants = parser.isSet("quadrants");
     job.Json = parser.isSet("json");
+    job.BracketNegativeX = parser.isSet("bracket-negative-x");
     return job;
 }
 
 int RunExport(const ExportJob& job, Output& out) {
     HeadlessSession headless;
     Session& s = headless.S();
+    s.BracketNegativeX = job.BracketNegativeX;
     render::PictureFile picture(QString::fromStdString(job.ImagePath), job.Picture.Format,
                                 GraphBoxPixels, GraphBoxPixels, job.Picture.Scale);
     Surface& box = picture.SurfaceAt(0, 0, GraphBoxPixels, GraphBoxPixels);

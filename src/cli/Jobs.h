@@ -25,6 +25,7 @@ struct EvalJob {
     std::vector<std::string> Keys;
     std::string At; // the x as typed; the runner checks it as the window does
     bool Json = false;
+    bool BracketNegativeX = false;
 };
 Parsed<EvalJob> ParseEval(const QStringList& arguments, Output& out);
 int RunEval(const EvalJob& job, Output& out);
@@ -35,6 +36,7 @@ struct AreaJob {
     std::string From, To, Step; // as typed into the dialog's three boxes
     int Slot = 0;
     bool Json = false;
+    bool BracketNegativeX = false;
 };
 Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out);
 int RunArea(const AreaJob& job, Output& out);
@@ -54,6 +56,7 @@ struct ExportJob {
     ViewBounds View;
     std::optional<ShadeBand> Shade;
     bool Auto = false, HideGrid = false, Quadrants = false, Json = false;
+    bool BracketNegativeX = false;
 };
 Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out);
 int RunExport(const ExportJob& job, Output& out);

@@ -179,6 +179,8 @@ void frmGraphMain::BuildMenus() {
     for (const char* checkable : {"mnuHideGrid", "mnuGraphQuadrant", "mnuToggleCoordinates",
                                   "mnuNearWhole", "mnuNearTen", "mnuPtSeries"})
         menuItems_.at(checkable)->setCheckable(true);
+    // Off at every start: the program keeps no settings.
+    menuItems_.at("mnuBracketNegativeX")->setCheckable(true);
 }
 
 void frmGraphMain::BuildToolbar() {
@@ -542,6 +544,7 @@ void frmGraphMain::Mirror() {
     menuItems_.at("mnuNearWhole")->setChecked(s_.NearWholeChecked);
     menuItems_.at("mnuNearTen")->setChecked(s_.NearTenChecked);
     menuItems_.at("mnuPtSeries")->setChecked(s_.PtSeriesChecked);
+    menuItems_.at("mnuBracketNegativeX")->setChecked(s_.BracketNegativeX);
 
     MirrorRows();
     label2_->setText(QString::fromStdString(s_.Label2Caption));
