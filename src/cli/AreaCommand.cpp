@@ -1,11 +1,11 @@
 // veritrace-cli area: the area under one function between two x, as Calculate Area works it out.
 
 #include "analysis/Area.h"
+#include "base/NumberText.h"
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "cli/Limits.h"
-#include "base/NumberText.h"
 
 namespace vt::cli {
 
@@ -48,6 +48,7 @@ Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out) {
     if (!slotOk || job.Slot < 0 || job.Slot >= UsableSlots)
         return BadArgument(out, "veritrace-cli area: --slot must be a row from 0 to 4");
     job.Keys = std::move(*keys);
+    job.File = ReadFileOption(parser);
     job.From = parser.value("from").toStdString();
     job.To = parser.value("to").toStdString();
     job.Step = parser.value("step").toStdString();
@@ -76,7 +77,7 @@ int RunArea(const AreaJob& job, Output& out) {
 
     HeadlessSession headless;
     headless.S().BracketNegativeX = job.BracketNegativeX;
-    headless.LoadRows(job.Keys);
+    if (!headless.LoadFunctions(job.Keys, job.File, out)) return ExitRefused;
     const AreaOutcome outcome = CalculateArea(headless.S(), job.From, job.To, job.Step, job.Slot);
     if (job.Json)
         PrintJson(out, {{"area", JsonText(outcome.Text)}});

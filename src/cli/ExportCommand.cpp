@@ -3,13 +3,13 @@
 #include <QJsonArray>
 
 #include "analysis/Area.h"
+#include "base/NumberText.h"
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "cli/Limits.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
-#include "base/NumberText.h"
 #include "render/PictureFile.h"
 
 namespace vt::cli {
@@ -81,6 +81,7 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
     auto keys = ReadKeys(parser, out);
     if (!keys) return ExitUsage;
     job.Keys = std::move(*keys);
+    job.File = ReadFileOption(parser);
 
     const QString output = parser.value("output");
     if (output.isEmpty())
@@ -130,7 +131,7 @@ int RunExport(const ExportJob& job, Output& out) {
 
     // As the window starts: the empty graph is painted once before anything is typed.
     RedrawGraph(s);
-    headless.LoadRows(job.Keys);
+    if (!headless.LoadFunctions(job.Keys, job.File, out)) return ExitRefused;
     s.ViewXMin = job.View.XMin;
     s.ViewXMax = job.View.XMax;
     s.ViewYMin = job.View.YMin;

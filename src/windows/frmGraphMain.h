@@ -5,6 +5,7 @@
 // the designed one, in twips turned into pixels at 15 twips a pixel.
 
 #include <QMainWindow>
+#include <QPointer>
 #include <array>
 #include <map>
 #include <memory>
@@ -15,6 +16,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QPrinter;
 class QToolBar;
 class QToolButton;
 class QTreeWidget;
@@ -39,6 +41,9 @@ struct MainWindowOptions {
     std::string CommandLine;
     // The program's own folder, where "Saved Problems" goes; empty for the executable's.
     std::string ProgramDir;
+    // The printer that Print Setup chooses and Print Graph prints on; the window's own when
+    // null.
+    QPrinter* Printer = nullptr;
 };
 
 // It is also the session's host: the logic reaches the rows, the graph box, the dialogs and the
@@ -82,7 +87,7 @@ class frmGraphMain : public QMainWindow, public Shell {
     QWidget* ClientArea() const { return client_; }
 
     // The session's host.
-    Platform& Dialogs() override { return platform_; }
+    Platform& Dialogs() override;
     Surface* GraphBox() override;
     Surface* RowSurface(int row) override;
     bool FocusRow(int row) override;
@@ -103,6 +108,13 @@ class frmGraphMain : public QMainWindow, public Shell {
     void CopyGraph();
     void MirrorRows();
     void MirrorListView();
+    // Save Graph Data, Load Graph Data (the replay under the hourglass), Save Graph As Bitmap
+    // and Print Graph.
+    bool RunFileCommand(HostCommand command);
+    // Print Options: modal over a modal dialog (the area dialog's Print Graph), not modal from
+    // the menu.
+    void ShowPrintSetup();
+    QPrinter& Printer();
 
     Session& s_;
     Platform& platform_;
@@ -126,6 +138,11 @@ class frmGraphMain : public QMainWindow, public Shell {
     app::ClickLabel* label2_ = nullptr;
     QToolButton* command2_ = nullptr;
     QToolButton* command6_ = nullptr;
+
+    // The dialogs while a load runs; the platform's otherwise.
+    Platform* loadDialogs_ = nullptr;
+    std::unique_ptr<QPrinter> ownPrinter_;
+    QPointer<QWidget> printSetup_; // the open Print Options, not modal
 };
 
 } // namespace vt

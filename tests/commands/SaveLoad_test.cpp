@@ -6,11 +6,11 @@
 #include <unistd.h>
 
 #include "commands/KeyStroke.h"
+#include "commands/SaveLoad.h"
+#include "commands/Startup.h"
 #include "entry/Entry.h"
 #include "output/DataFile.h"
 #include "output/SafeFile.h"
-#include "commands/SaveLoad.h"
-#include "commands/Startup.h"
 #include "support/RecordingSurface.h"
 #include "support/ScriptedPlatform.h"
 
@@ -162,6 +162,25 @@ TEST(SaveLoad, NothingToLoadChangesNothing) {
     mnuLoad_Click(*f.s);
     EXPECT_EQ(f.host.Messages().size(), 1u);
     EXPECT_EQ(f.Rows(), "x^2|||||");
+}
+
+TEST(SaveLoad, ALoadClearsTheBreakdownTables) {
+    Fixture f;
+    // Left over from reading an earlier equation.
+    auto dirty = [&] {
+        f.s->MaxBreakdownGroup = 3;
+        f.s->BreakdownExpr(0).Rows(0).Scale = 7;
+    };
+    dirty();
+    f.Load("");
+    // An empty file does nothing at all.
+    EXPECT_EQ(f.s->MaxBreakdownGroup, 3);
+    for (const std::string& bytes : {Example, std::string("x+1BB2xBB")}) {
+        dirty();
+        f.Load(bytes);
+        EXPECT_EQ(f.s->MaxBreakdownGroup, 0) << bytes;
+        EXPECT_EQ(f.s->BreakdownExpr(0).Rows(0).Scale, 1) << bytes;
+    }
 }
 
 TEST(SaveLoad, QuotesOnTheCommandLineAreDropped) {
