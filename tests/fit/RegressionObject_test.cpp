@@ -97,13 +97,11 @@ TEST(RegressionObject, FailedEliminationRetreatsOnceWithoutSolving) {
 
 TEST(RegressionObject, DegreeWriteChecksRangeAndEmpties) {
     // {value, accepted}
-    const std::pair<int, bool> cases[] = {{0, true},
-                                          {1, true},
-                                          {25, true},
-                                          {26, false},
-                                          {-1, false},
-                                          {2147483647, false},
-                                          {-2147483647 - 1, false}};
+    // clang-format off
+    const std::pair<int, bool> cases[] = {
+        {0, true}, {1, true}, {25, true}, {26, false}, {-1, false}, {2147483647, false},
+        {-2147483647 - 1, false}};
+    // clang-format on
     for (const auto& [value, accepted] : cases) {
         SCOPED_TRACE(value);
         RegressionObject fit = Fit(3, {{1, 2}, {2, 3}});
@@ -147,8 +145,7 @@ TEST(RegressionObject, OverflowReachesTheCallerWithSumsAsFarAsTheyGot) {
         {"x and y 1E200 at degree 1", 1, 1e200, 1e200, true, 1e200},
         // x^2 overflows; count and the first sums are in, the constant is y.
         {"x 1E200 at degree 2", 2, 1e200, 1, true, 1},
-        {"x 1E200 at degree 0", 0, 1e200, 7, false, 7},
-        {"y infinite", 1, 1, INFINITY, true, 0},
+        {"x 1E200 at degree 0", 0, 1e200, 7, false, 7}, {"y infinite", 1, 1, INFINITY, true, 0},
         {"x not a number", 2, NAN, 1, true, 1},
     };
     // clang-format on

@@ -36,13 +36,10 @@ TEST(DataFile, SplitsAtEverySeparator) {
         std::string text;
         Fields expected;
     } cases[] = {
-        {"", {}},
-        {"abc", {"abc"}},
-        {"BB", {"", ""}},
-        {"aBB", {"a", ""}},
-        {"BBB", {"", "B"}},
-        {"BBBB", {"", "", ""}},
-        {"xBBBByBB\r\n", {"x", "", "y", "\r\n"}},
+        // clang-format off
+        {"", {}}, {"abc", {"abc"}}, {"BB", {"", ""}}, {"aBB", {"a", ""}}, {"BBB", {"", "B"}},
+        {"BBBB", {"", "", ""}}, {"xBBBByBB\r\n", {"x", "", "y", "\r\n"}},
+        // clang-format on
         {"2x+1BBBBBBBBBB1BB2BB3BB4.5BBFalseBB3BB\r\n",
          {"2x+1", "", "", "", "", "1", "2", "3", "4.5", "False", "3", "\r\n"}},
     };

@@ -111,15 +111,5 @@ TEST(View, ReadoutRoundsHalfToEven) {
     }
 }
 
-TEST(View, InRegressionModeTheLeftButtonEntersAWholeNumberPointAndTheRightOpensTheMenu) {
-    PlotSession g;
-    g.s.Check1 = 1;
-    EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, 2.5f, -3.7f), GraphMouseAction::None);
-    EXPECT_EQ(frmGraph_MouseDown(g.s, 2, 0, 2.5f, -3.7f), GraphMouseAction::ShowGraphWindowMenu);
-    EXPECT_FALSE(g.s.Dragging);
-    ASSERT_EQ(g.s.FitObject.XYCount(), 1);
-    EXPECT_EQ(std::tuple(g.s.Points(0).X, g.s.Points(0).Y), std::tuple(2.0, -4.0));
-}
-
 } // namespace
 } // namespace vt::test
