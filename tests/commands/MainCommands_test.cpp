@@ -181,7 +181,8 @@ TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
     // on an empty row is a keystroke too.
     // clang-format off
     const std::tuple<const char*, int, bool> cases[] = {
-        {"x+1", -1, true}, {"x+", -1, false}, {"\b", -1, false}, {"x+1", 9, false}, {"x^", 3, false}};
+        {"x+1", -1, true}, {"x+", -1, false}, {"\b", -1, false}, {"x+1", 9, false},
+        {"x^", 3, false}};
     // clang-format on
     for (const auto& [keys, otherIncomplete, open] : cases) {
         SCOPED_TRACE(keys);
