@@ -160,12 +160,10 @@ TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
     EXPECT_EQ(curve.front().X1, -20);
     // Circles of radius 0.2 in the points' colour, filled with it.
     EXPECT_EQ(g.Circles(), 4u);
-    EXPECT_NE(std::find_if(g.box.Log.begin(), g.box.Log.end(),
-                           [](const std::string& line) {
-                               return line.rfind("Circle -2,4 r=0.2 color=16711680 fill=16711680",
-                                                 0) == 0;
-                           }),
-              g.box.Log.end());
+    const std::string circle = "Circle -2,4 r=0.2 color=16711680 fill=16711680";
+    EXPECT_EQ(std::count_if(g.box.Log.begin(), g.box.Log.end(),
+                            [&](const std::string& line) { return line.rfind(circle, 0) == 0; }),
+              1);
     const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},           {"1", "1"},
                                               {"-2", "4"}, {"0.5", "0.0000001"}, {"", ""}};
     EXPECT_EQ(g.s.Panel.MSFlexGrid1, table);

@@ -29,11 +29,12 @@ TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
 }
 
 TEST(View, KeysSlideTheViewByFixedAmounts) {
+    // {key, x moved by, y moved by}: any other key only redraws.
+    // clang-format off
     const std::vector<std::array<int, 3>> cases = {
-        {KeyUp, 0, 1},     {KeyDown, 0, -1},   {KeyLeft, -1, 0},
-        {KeyRight, 1, 0},  {KeyPageUp, 0, 10}, {KeyPageDown, 0, -10},
-        {KeyHome, -10, 0}, {KeyEnd, 10, 0},    {65, 0, 0}, // any other key only redraws
-    };
+        {KeyUp, 0, 1}, {KeyDown, 0, -1}, {KeyLeft, -1, 0}, {KeyRight, 1, 0}, {KeyPageUp, 0, 10},
+        {KeyPageDown, 0, -10}, {KeyHome, -10, 0}, {KeyEnd, 10, 0}, {65, 0, 0}};
+    // clang-format on
     for (const auto& [key, dx, dy] : cases) {
         PlotSession g;
         g.SetView({-2.5, 0.5, 100, 104}); // the amounts do not follow the zoom
