@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "cli/SeriesOptions.h"
 
 namespace vt::cli {
 
@@ -54,6 +55,7 @@ struct ExportJob {
     ViewBounds View;
     std::optional<ShadeBand> Shade;
     bool Auto = false, HideGrid = false, Quadrants = false, Json = false;
+    SeriesJob Series; // any of its options paints regression mode instead of the functions
 };
 Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out);
 int RunExport(const ExportJob& job, Output& out);
@@ -68,15 +70,8 @@ Parsed<EquationJob> ParseEquation(const QStringList& arguments, Output& out);
 int RunEquation(const EquationJob& job, Output& out);
 
 // fit: points entered as in regression mode, and the polynomial fitted through them.
-struct FitPoint {
-    bool ByMouse = false; // -m: a click on the graph; -p: the texts of the X and Y boxes
-    std::string X, Y;
-};
-struct FitJob {
-    std::optional<std::string> Order; // --order N; none with --linear or no trend given
-    bool Linear = false;
-    std::vector<FitPoint> Points; // in the order given
-    std::vector<std::string> At;  // x texts to give the fitted value at
+struct FitJob : SeriesJob {
+    std::vector<std::string> At; // x texts to give the fitted value at
     bool Json = false;
 };
 Parsed<FitJob> ParseFit(const QStringList& arguments, Output& out);

@@ -33,6 +33,8 @@ class ColourSwatch;
 class ClickLabel;
 } // namespace app
 
+class RegressionPanel;
+
 struct MainWindowOptions {
     bool ShowSplash = true;
     // The command line as given: one optional graph data file name.
@@ -80,6 +82,7 @@ class frmGraphMain : public QMainWindow, public Shell {
     QToolButton* Command6() const { return command6_; }
     QTreeWidget* ListView1() const { return listView1_; }
     QWidget* ClientArea() const { return client_; }
+    RegressionPanel* Panel() const { return panel_; }
 
     // The session's host.
     Platform& Dialogs() override { return platform_; }
@@ -103,6 +106,9 @@ class frmGraphMain : public QMainWindow, public Shell {
     void CopyGraph();
     void MirrorRows();
     void MirrorListView();
+    void BuildRegressionPanel();
+    // Regression mode on or off, and the focus where the switch says.
+    void SwitchMode();
 
     Session& s_;
     Platform& platform_;
@@ -126,6 +132,7 @@ class frmGraphMain : public QMainWindow, public Shell {
     app::ClickLabel* label2_ = nullptr;
     QToolButton* command2_ = nullptr;
     QToolButton* command6_ = nullptr;
+    RegressionPanel* panel_ = nullptr;
 };
 
 } // namespace vt

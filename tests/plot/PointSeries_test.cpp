@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/NumberText.h"
+#include "plot/PlotTesting.h"
 #include "plot/PointSeries.h"
 #include "plot/RegressionOverlay.h"
-#include "plot/PlotTesting.h"
 #include "plot/View.h"
-#include "base/NumberText.h"
 
 namespace vt::test {
 namespace {
@@ -169,7 +169,7 @@ TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
                                                  0) == 0;
                            }),
               g.box.Log.end());
-    const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},       {"1", "1"},
+    const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},           {"1", "1"},
                                               {"-2", "4"}, {"0.5", "0.0000001"}, {"", ""}};
     EXPECT_EQ(g.s.Panel.MSFlexGrid1, table);
     EXPECT_TRUE(g.s.Panel.ScrollTableToEnd);
@@ -241,6 +241,28 @@ TEST(PointSeries, ModeSwitchShowsThePanelAndKeepsTheSeries) {
 
     Command5_Click(g.s);
     EXPECT_EQ(g.s.RegressionEquation, "f(x) = - 4");
+}
+
+} // namespace
+} // namespace vt::test
+
+namespace vt::test {
+namespace {
+
+TEST(PointSeries, RegressionFunctionHandsTheTextToTheWindowOrSaysItIsMissing) {
+    for (const bool hasWindow : {true, false}) {
+        RegressionSession g;
+        g.shell.OnCommand = [&](HostCommand command, int) {
+            return hasWindow && command == HostCommand::Explain;
+        };
+        g.Insert("1", "3");
+        g.Insert("2", "1");
+        ShowRegressionFunction(g.s);
+        EXPECT_EQ(g.s.RegressionEquation, g.s.FitObject.ReturnRegEq());
+        EXPECT_EQ(g.shell.Ran.back(), HostCommand::Explain);
+        EXPECT_EQ(g.host.Messages(), hasWindow ? std::vector<std::string>{}
+                                               : std::vector<std::string>{NotAvailableText});
+    }
 }
 
 } // namespace

@@ -1,0 +1,82 @@
+#include "cli/SeriesOptions.h"
+
+#include "base/NumberText.h"
+#include "plot/PointSeries.h"
+#include "plot/View.h"
+
+namespace vt::cli {
+
+namespace {
+
+// "X,Y" split at its first comma; false without one.
+bool SplitPair(const std::string& value, std::string& x, std::string& y) {
+    const std::size_t comma = value.find(',');
+    if (comma == std::string::npos) return false;
+    x = value.substr(0, comma);
+    y = value.substr(comma + 1);
+    return true;
+}
+
+} // namespace
+
+void AddSeriesOptions(QCommandLineParser& parser) {
+    parser.addOption(QCommandLineOption("linear", "A straight line (the start-up trend)."));
+    parser.addOption(QCommandLineOption("order", "A polynomial of order N, 2 to 10.", "N"));
+    parser.addOption(
+        QCommandLineOption("p", "A point as typed into the X and Y boxes (repeatable).", "X,Y"));
+    parser.addOption(
+        QCommandLineOption("m", "A point clicked on the graph at X,Y (repeatable).", "X,Y"));
+}
+
+std::optional<int> ReadSeriesOptions(const QCommandLineParser& parser, const std::string& command,
+                                     SeriesJob& job, Output& out) {
+    const std::string prefix = "veritrace-cli " + command + ": ";
+    job.Linear = parser.isSet("linear");
+    if (job.Linear && parser.isSet("order"))
+        return BadArgument(out, prefix + "give either --linear or --order N");
+    if (parser.isSet("order")) {
+        const std::string order = parser.value("order").toStdString();
+        const double n = PrefixNumber(order);
+        if (!IsNumericText(order) || n != static_cast<int>(n) || n < 2 || n > 10)
+            return BadArgument(out, prefix + "--order takes a whole number from 2 to 10");
+        job.Order = order;
+    }
+
+    // The points in the order given: the parser lists every option it met, repeats included.
+    const QStringList typed = parser.values("p"), clicked = parser.values("m");
+    int nextTyped = 0, nextClicked = 0;
+    for (const QString& name : parser.optionNames()) {
+        if (name != "p" && name != "m") continue;
+        FitPoint point;
+        point.ByMouse = name == "m";
+        const QString value = point.ByMouse ? clicked.at(nextClicked++) : typed.at(nextTyped++);
+        if (!SplitPair(value.toStdString(), point.X, point.Y))
+            return BadArgument(out, prefix + "-" + name.toStdString() + " takes X,Y");
+        if (point.ByMouse && (!IsNumericText(point.X) || !IsNumericText(point.Y)))
+            return BadArgument(out, prefix + "-m takes two numbers X,Y");
+        job.Points.push_back(point);
+    }
+    return std::nullopt;
+}
+
+void EnterSeries(Session& s, const SeriesJob& job) {
+    mnuPtSeries_Click(s);
+    if (job.Linear) {
+        Command1_Click(s);
+    } else if (job.Order) {
+        s.Panel.Combo1 = NumberText(PrefixNumber(*job.Order));
+        Command3_Click(s);
+    }
+    for (const FitPoint& point : job.Points) {
+        if (point.ByMouse) {
+            frmGraph_MouseDown(s, LeftButton, 0, static_cast<float>(PrefixNumber(point.X)),
+                               static_cast<float>(PrefixNumber(point.Y)));
+        } else {
+            s.Panel.Text2 = point.X;
+            s.Panel.Text3 = point.Y;
+            Command4_Click(s);
+        }
+    }
+}
+
+} // namespace vt::cli
