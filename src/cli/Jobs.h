@@ -44,6 +44,20 @@ struct AreaJob {
 Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out);
 int RunArea(const AreaJob& job, Output& out);
 
+// Points entered as in regression mode (-p, -m, --linear, --order); cli/PointEntry.h reads and
+// enters them.
+struct FitPoint {
+    bool ByMouse = false; // -m: a click on the graph; -p: the texts of the X and Y boxes
+    std::string X, Y;
+};
+struct PointEntry {
+    std::optional<std::string> Order; // --order N; none with --linear or no trend given
+    bool Linear = false;
+    std::vector<FitPoint> Points; // in the order given
+
+    bool Empty() const { return !Order && !Linear && Points.empty(); }
+};
+
 // export: the graph box painted as the window paints it, written to an image.
 struct ViewBounds {
     double XMin = -20, XMax = 20, YMin = -20, YMax = 20;
@@ -61,6 +75,7 @@ struct ExportJob {
     std::optional<ShadeBand> Shade;
     bool Auto = false, HideGrid = false, Quadrants = false, Json = false;
     bool BracketNegativeX = false;
+    PointEntry Series; // any of its options paints regression mode instead of the functions
 };
 Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out);
 int RunExport(const ExportJob& job, Output& out);
@@ -76,10 +91,6 @@ Parsed<EquationJob> ParseEquation(const QStringList& arguments, Output& out);
 int RunEquation(const EquationJob& job, Output& out);
 
 // fit: points entered as in regression mode, and the polynomial fitted through them.
-struct FitPoint {
-    bool ByMouse = false; // -m: a click on the graph; -p: the texts of the X and Y boxes
-    std::string X, Y;
-};
 struct FitJob {
     std::optional<std::string> Order; // --order N; none with --linear or no trend given
     bool Linear = false;

@@ -12,14 +12,6 @@
 
 namespace vt::cli {
 
-struct PointEntry {
-    std::optional<std::string> Order; // --order N; none with --linear or no trend given
-    bool Linear = false;
-    std::vector<FitPoint> Points; // in the order given
-
-    bool Empty() const { return !Order && !Linear && Points.empty(); }
-};
-
 // Adds --linear, --order, -p and -m.
 void AddPointOptions(QCommandLineParser& parser);
 

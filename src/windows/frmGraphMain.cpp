@@ -34,15 +34,18 @@
 #include "info/HelpAndWeb.h"
 #include "plot/Appearance.h"
 #include "plot/Painter.h"
+#include "plot/PointSeries.h"
 #include "plot/View.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
 #include "session/MainMenu.h"
 #include "windows/Icons.h"
+#include "windows/RegressionPanel.h"
 #include "windows/SurfaceView.h"
 #include "windows/Twips.h"
 #include "windows/frmAbout.h"
 #include "windows/frmEvalFX.h"
+#include "windows/frmExplain.h"
 #include "windows/frmFillRange.h"
 #include "windows/frmLineWidth.h"
 #include "windows/frmLogo.h"
@@ -131,6 +134,7 @@ frmGraphMain::frmGraphMain(Session& s, Platform& platform, MainWindowOptions opt
     BuildToolbar();
     BuildGraphBox();
     BuildRows();
+    BuildRegressionPanel();
     BindSession();
     Mirror();
 }
@@ -343,6 +347,26 @@ void frmGraphMain::BuildRows() {
     });
 }
 
+void frmGraphMain::BuildRegressionPanel() {
+    panel_ = new RegressionPanel(s_, client_);
+    panel_->hide();
+    panel_->Changed = [this] { Mirror(); };
+    panel_->ExitClicked = [this] {
+        SwitchMode();
+        Mirror();
+    };
+    panel_->FunctionClicked = [this] {
+        ShowRegressionFunction(s_);
+        Mirror();
+    };
+}
+
+void frmGraphMain::SwitchMode() {
+    const int row = mnuPtSeries_Click(s_);
+    Mirror();
+    if (row >= 0) vt::FocusRow(s_, row);
+}
+
 void frmGraphMain::BindSession() {
     s_.BindHost(this);
 }
@@ -405,6 +429,12 @@ bool frmGraphMain::RunCommand(HostCommand command, int index) {
     case HostCommand::BitMap:
     case HostCommand::GraphPrint:
         return RunFileCommand(command);
+    case HostCommand::PtSeries:
+        SwitchMode();
+        return true;
+    case HostCommand::Explain:
+        ShowExplain(s_, this);
+        return true;
     default:
         // The other windows and dialogs are not there yet.
         return false;
@@ -601,7 +631,8 @@ QToolButton* frmGraphMain::ToolbarButton(int index) const {
 void frmGraphMain::MirrorRows() {
     for (int i = 0; i < UsableSlots; ++i) {
         const auto slot = static_cast<std::size_t>(i);
-        const bool visible = s_.RowVisible(i);
+        // The regression panel takes the rows' place.
+        const bool visible = s_.RowVisible(i) && !s_.Panel.Visible;
         papers_[slot]->setVisible(visible);
         labels_[slot]->setVisible(visible);
         swatches_[slot]->setVisible(visible);
@@ -609,7 +640,7 @@ void frmGraphMain::MirrorRows() {
         papers_[slot]->update();
     }
     blinker_->setGeometry(Twips(s_.BlinkerLeft, s_.BlinkerTop, 495, 495));
-    blinker_->setVisible(s_.BlinkerVisible);
+    blinker_->setVisible(s_.BlinkerVisible && !s_.Panel.Visible);
 }
 
 void frmGraphMain::MirrorListView() {
@@ -657,6 +688,8 @@ void frmGraphMain::Mirror() {
     graph_->setToolTip(QString::fromStdString(s_.GraphTip));
     graph_->update();
     MirrorListView();
+    panel_->Mirror();
+    if (s_.Panel.Visible) panel_->raise();
 }
 
 } // namespace vt

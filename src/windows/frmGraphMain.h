@@ -35,6 +35,8 @@ class ColourSwatch;
 class ClickLabel;
 } // namespace app
 
+class RegressionPanel;
+
 struct MainWindowOptions {
     bool ShowSplash = true;
     // The command line as given: one optional graph data file name.
@@ -85,6 +87,7 @@ class frmGraphMain : public QMainWindow, public Shell {
     QToolButton* Command6() const { return command6_; }
     QTreeWidget* ListView1() const { return listView1_; }
     QWidget* ClientArea() const { return client_; }
+    RegressionPanel* Panel() const { return panel_; }
 
     // The session's host.
     Platform& Dialogs() override;
@@ -115,6 +118,9 @@ class frmGraphMain : public QMainWindow, public Shell {
     // the menu.
     void ShowPrintSetup();
     QPrinter& Printer();
+    void BuildRegressionPanel();
+    // Regression mode on or off, and the focus where the switch says.
+    void SwitchMode();
 
     Session& s_;
     Platform& platform_;
@@ -143,6 +149,7 @@ class frmGraphMain : public QMainWindow, public Shell {
     Platform* loadDialogs_ = nullptr;
     std::unique_ptr<QPrinter> ownPrinter_;
     QPointer<QWidget> printSetup_; // the open Print Options, not modal
+    RegressionPanel* panel_ = nullptr;
 };
 
 } // namespace vt

@@ -242,3 +242,25 @@ TEST(PointSeries, ModeSwitchShowsThePanelAndKeepsTheSeries) {
 
 } // namespace
 } // namespace vt::test
+
+namespace vt::test {
+namespace {
+
+TEST(PointSeries, RegressionFunctionHandsTheTextToTheWindowOrSaysItIsMissing) {
+    for (const bool hasWindow : {true, false}) {
+        RegressionSession g;
+        g.shell.OnCommand = [&](HostCommand command, int) {
+            return hasWindow && command == HostCommand::Explain;
+        };
+        g.Insert("1", "3");
+        g.Insert("2", "1");
+        ShowRegressionFunction(g.s);
+        EXPECT_EQ(g.s.RegressionEquation, g.s.FitObject.ReturnRegEq());
+        EXPECT_EQ(g.shell.Ran.back(), HostCommand::Explain);
+        EXPECT_EQ(g.host.Messages(), hasWindow ? std::vector<std::string>{}
+                                               : std::vector<std::string>{NotAvailableText});
+    }
+}
+
+} // namespace
+} // namespace vt::test
