@@ -1,8 +1,8 @@
 #include "windows/frmExplain.h"
 
 #include <QEvent>
-#include <algorithm>
 #include <QPointer>
+#include <algorithm>
 
 #include "display/RegressionWindow.h"
 #include "render/Fonts.h"
