@@ -2,26 +2,12 @@
 
 namespace vt {
 
-namespace {
-
-// Dialogs with nobody to answer them.
-class SilentPlatform : public Platform {
-  public:
-    int MsgBox(const std::string&, int style, const std::string&) override {
-        const int buttons = style & 7;
-        return buttons == MsgYesNo || buttons == MsgYesNoCancel ? MsgResultNo
-               : buttons == MsgOkCancel                         ? MsgResultCancel
-                                                                : MsgResultOk;
-    }
-    Colour ChooseColour(Colour start) override { return start; }
-    std::optional<std::string> OpenFileName(const FileDialogRequest&) override { return {}; }
-    std::optional<std::string> SaveFileName(const FileDialogRequest&) override { return {}; }
-    bool ChoosePrinter() override { return false; }
-    void ShowHelp(const std::string&) override {}
-    void OpenWebPage(const std::string&) override {}
-};
-
-} // namespace
+int SilentPlatform::MsgBox(const std::string&, int style, const std::string&) {
+    const int buttons = style & 7;
+    return buttons == MsgYesNo || buttons == MsgYesNoCancel ? MsgResultNo
+           : buttons == MsgOkCancel                         ? MsgResultCancel
+                                                            : MsgResultOk;
+}
 
 Platform& HeadlessShell::Dialogs() {
     static SilentPlatform silent;

@@ -60,6 +60,20 @@ class Shell {
     virtual bool RunCommand(HostCommand command, int index) = 0;
 };
 
+// Dialogs with nobody to answer them: a message is answered as dismissed ("No" to a question,
+// "Cancel" where it can be cancelled, "OK" otherwise), the colour chooser keeps its start, file
+// and printer dialogs are cancelled, help and web pages go unseen.
+class SilentPlatform : public Platform {
+  public:
+    int MsgBox(const std::string& prompt, int style, const std::string& title) override;
+    Colour ChooseColour(Colour start) override { return start; }
+    std::optional<std::string> OpenFileName(const FileDialogRequest&) override { return {}; }
+    std::optional<std::string> SaveFileName(const FileDialogRequest&) override { return {}; }
+    bool ChoosePrinter() override { return false; }
+    void ShowHelp(const std::string&) override {}
+    void OpenWebPage(const std::string&) override {}
+};
+
 // The host of a session that no window shows. Nothing is drawn unless a surface is lent to it;
 // messages go unread and are answered as dismissed ("No" to a question, "OK" otherwise) unless a
 // platform is lent to it; the colour chooser keeps its start; no row takes the focus, so the

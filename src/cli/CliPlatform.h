@@ -5,24 +5,19 @@
 #include <string>
 #include <vector>
 
-#include "base/Platform.h"
+#include "base/Shell.h"
 
 namespace vt::cli {
 
-class CliPlatform : public Platform {
+class CliPlatform : public SilentPlatform {
   public:
     std::vector<std::string> Messages;
 
-    int MsgBox(const std::string& prompt, int style, const std::string&) override {
+    // Kept for the output, then answered as nobody there answers.
+    int MsgBox(const std::string& prompt, int style, const std::string& title) override {
         Messages.push_back(prompt);
-        return (style & 7) == MsgYesNo || (style & 7) == MsgYesNoCancel ? MsgResultNo : MsgResultOk;
+        return SilentPlatform::MsgBox(prompt, style, title);
     }
-    Colour ChooseColour(Colour start) override { return start; }
-    std::optional<std::string> OpenFileName(const FileDialogRequest&) override { return {}; }
-    std::optional<std::string> SaveFileName(const FileDialogRequest&) override { return {}; }
-    bool ChoosePrinter() override { return false; }
-    void ShowHelp(const std::string&) override {}
-    void OpenWebPage(const std::string&) override {}
 };
 
 } // namespace vt::cli
