@@ -644,6 +644,11 @@ void CompiledScript::Compile(std::string_view text) {
         if ((i > 0 && JoinsNumber(text[i - 1])) ||
             (i + 1 < text.size() && JoinsNumber(text[i + 1])))
             applies_ = false;
+        // After "E+" or "E-" the digits of x become a number's exponent: "2E+x" reads as 20 at
+        // x = 1.
+        if (i > 1 && (text[i - 1] == '+' || text[i - 1] == '-') &&
+            (text[i - 2] == 'E' || text[i - 2] == 'e'))
+            applies_ = false;
     }
     if (applies_) {
         plain_ = ExpressionProgram::Compile(text, ExpressionProgram::XMode::Value);
