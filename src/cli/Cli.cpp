@@ -64,6 +64,10 @@ const std::vector<Command>& Commands() {
          ParseAndRun<EquationJob, ParseEquation, RunEquation>},
         {"area", "the area under one function between two x, as Calculate Area does",
          ParseAndRun<AreaJob, ParseArea, RunArea>},
+        {"fit", "a line or polynomial through points, as regression mode fits it",
+         ParseAndRun<FitJob, ParseFit, RunFit>},
+        {"breakdown", "read an equation into signed rational terms, stage by stage",
+         ParseAndRun<BreakdownJob, ParseBreakdown, RunBreakdown>},
     };
     return commands;
 }

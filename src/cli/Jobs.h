@@ -65,4 +65,28 @@ struct EquationJob {
 Parsed<EquationJob> ParseEquation(const QStringList& arguments, Output& out);
 int RunEquation(const EquationJob& job, Output& out);
 
+// fit: points entered as in regression mode, and the polynomial fitted through them.
+struct FitPoint {
+    bool ByMouse = false; // -m: a click on the graph; -p: the texts of the X and Y boxes
+    std::string X, Y;
+};
+struct FitJob {
+    std::optional<std::string> Order; // --order N; none with --linear or no trend given
+    bool Linear = false;
+    std::vector<FitPoint> Points; // in the order given
+    std::vector<std::string> At;  // x texts to give the fitted value at
+    bool Json = false;
+};
+Parsed<FitJob> ParseFit(const QStringList& arguments, Output& out);
+int RunFit(const FitJob& job, Output& out);
+
+// breakdown: an equation read into signed rational terms, stage by stage.
+struct BreakdownJob {
+    std::optional<std::string> Keys;   // -k: typed into row 0
+    std::optional<std::string> Tokens; // --tokens: one token a cell, blanks between
+    bool Json = false;
+};
+Parsed<BreakdownJob> ParseBreakdown(const QStringList& arguments, Output& out);
+int RunBreakdown(const BreakdownJob& job, Output& out);
+
 } // namespace vt::cli

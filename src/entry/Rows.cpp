@@ -40,9 +40,12 @@ void StoreDisplayText(Session& s, const std::string& text) {
 void ResetEntryState(Session& s) {
     s.EntryTokens.Fill(std::string());
     s.DisplayTokens.Fill(std::string());
+    s.BreakdownTokens.Fill(std::string());
     s.TokenCount(s.ActiveSlot) = 0;
     s.OpenParens(s.ActiveSlot) = 0;
     s.DisplayCount = 0;
+    s.BreakdownCount = 0;
+    s.BreakdownSide = 0;
     s.LetterCount = 0;
     s.EqualsEntered = false;
     s.LastBarClosed = false;

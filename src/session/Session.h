@@ -12,6 +12,7 @@
 #include "session/CoreState.h"
 #include "session/WindowState.h"
 #include "translate/BuildState.h"
+#include "translate/breakdown/BreakdownState.h"
 
 namespace vt {
 
@@ -19,7 +20,7 @@ class Surface;
 class Platform;
 
 struct Session : CoreState, EntryState, BuildState, PlotState, DisplayState, WindowState,
-                 AnalysisState {
+                 AnalysisState, BreakdownState {
     // What the logic asks of the window, bound by whoever shows the session. Unbound, they do
     // nothing, which is what the command-line companion wants.
     std::function<void(bool)> SetGraphCommandsEnabled; // toolbar buttons 1, 12, 13 and the menus

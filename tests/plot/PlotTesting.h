@@ -38,6 +38,10 @@ class PlotSurface : public RecordingSurface {
         Strokes.push_back({x1, y1, x2, y2, ForeColor, DrawWidth, DrawMode, box});
         RecordingSurface::Line(x1, y1, x2, y2, box, boxFilled);
     }
+    void LineColour(float x1, float y1, float x2, float y2, Colour colour) override {
+        Strokes.push_back({x1, y1, x2, y2, colour, DrawWidth, DrawMode, false});
+        RecordingSurface::LineColour(x1, y1, x2, y2, colour);
+    }
     void ExtFloodFill(int px, int py, Colour colour) override {
         Fills.push_back({px, py});
         RecordingSurface::ExtFloodFill(px, py, colour);

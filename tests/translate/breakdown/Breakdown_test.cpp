@@ -1,0 +1,263 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <random>
+
+#include "entry/Entry.h"
+#include "entry/TokenText.h"
+#include "translate/breakdown/Breakdown.h"
+
+namespace vt {
+
+namespace {
+
+using Tokens = std::vector<std::string>;
+
+// Runs the breakdown on tokens written with blanks between them, in the given session.
+BreakdownRun RunTokens(Session& s, const std::string& spaced) {
+    EXPECT_EQ(SetBreakdownTokens(s, SplitBreakdownTokens(spaced)), BreakdownError::None);
+    return RunBreakdown(s);
+}
+BreakdownRun RunTokens(const std::string& spaced) {
+    auto s = std::make_unique<Session>();
+    return RunTokens(*s, spaced);
+}
+
+// n copies of a piece, joined with blanks.
+std::string Repeat(const std::string& piece, int n) {
+    std::string out;
+    for (int i = 0; i < n; ++i)
+        out += piece + " ";
+    return out;
+}
+
+} // namespace
+
+TEST(Breakdown, TypedEquationGoesThroughEveryStage) {
+    auto s = std::make_unique<Session>();
+    SetKeyMask(*s);
+    ReplaySlotKeys(*s, 0, "2x^2+S(x)");
+    ASSERT_EQ(CopySlotToBreakdown(*s, 0), BreakdownError::None);
+    const BreakdownRun run = RunBreakdown(*s);
+    ASSERT_EQ(run.Error, BreakdownError::None);
+    EXPECT_EQ(run.Merged, (Tokens{"2", "x", "^", "2", "+", "S", "(", "x", ")"}));
+    EXPECT_EQ(run.Normalised, (Tokens{"+", "2", "x", "^", "2", "+", "S", "(", "+", "x", ")"}));
+    EXPECT_EQ(run.Text, "+2/1x^+2+1/1S");
+    ASSERT_EQ(run.Terms.size(), 2u);
+    EXPECT_EQ(run.Terms[0].Num, 2.0f);
+    EXPECT_EQ(run.Terms[0].Letters, "x^2");
+    EXPECT_EQ(run.Terms[1].Letters, "S");
+    // The parenthesis opened group 1, whose one part holds the term x.
+    EXPECT_EQ(s->MaxBreakdownGroup, 1);
+    EXPECT_EQ(s->TermCount(1, 0), 1);
+    EXPECT_EQ(s->BreakdownTerm(0, 1, 0, 1).Factor(1), "x");
+    EXPECT_EQ(s->BreakdownTerm(0, 0, 0, 1).Power(1), 2.0f);
+    EXPECT_EQ(s->BreakdownTerm(0, 0, 0, 1).TopText, "x^2");
+    // char2str_graph gives the same text from the same tokens.
+    ASSERT_EQ(CopySlotToBreakdown(*s, 0), BreakdownError::None);
+    std::string text;
+    EXPECT_EQ(char2str_graph(*s, text), BreakdownError::None);
+    EXPECT_EQ(text, run.Text);
+}
+
+TEST(Breakdown, StagesJoinNumbersAndMakeSignsExplicit) {
+    // {tokens; after the joining; after the signs}.
+    const std::tuple<std::string, Tokens, Tokens> cases[] = {
+        {"", {}, {"+"}},
+        {"1 2 . 5 x", {"12.5", "x"}, {"+", "12.5", "x"}},
+        // A "/" joins only when a plain number and then an end of the number follow.
+        {"3 / 4", {"3/4"}, {"+", "3/4"}},
+        {"3 / 4 x", {"3", "/", "4", "x"}, {"+", "3", "/", "4", "x"}},
+        {"x ^ 2 / 3", {"x", "^", "2", "/", "3"}, {"+", "x", "^", "2", "/", "3"}},
+        {"1 E - 5 x", {"1E-5", "x"}, {"+", "1E-5", "x"}},
+        {"- x", {"-", "x"}, {"-", "x"}},
+        // "*" before a parenthesis goes, unless it stands behind a fraction.
+        {"2 * ( x )", {"2", "*", "(", "x", ")"}, {"+", "2", "(", "+", "x", ")"}},
+        {"a / 2 * ( x )",
+         {"a", "/", "2", "*", "(", "x", ")"},
+         {"+", "a", "/", "2", "*", "(", "+", "x", ")"}},
+        // A closing bar is followed by a sign too.
+        {"| x | y", {"|", "x", "|", "y"}, {"+", "|", "+", "x", "|", "+", "y"}},
+        // Of two operators the second cell keeps what stood there before: "y" twice.
+        {"x + - y", {"x", "+", "-", "y"}, {"+", "x", "+", "y", "y"}},
+        // The second "=" shifts from the cells as they were before the first shift: z is lost.
+        {"x = y = z", {"x", "=", "y", "=", "z"}, {"+", "x", "=", "+", "y", "=", "+"}},
+    };
+    for (const auto& [tokens, merged, normalised] : cases) {
+        SCOPED_TRACE(tokens);
+        const BreakdownRun run = RunTokens(tokens);
+        EXPECT_EQ(run.Merged, merged);
+        EXPECT_EQ(run.Normalised, normalised);
+    }
+}
+
+TEST(Breakdown, TermsCarryTheirRationalCoefficients) {
+    // {tokens; text of the left side}.
+    const std::pair<std::string, std::string> cases[] = {
+        {"+ 2 x ^ 2", "+2/1x^+2"},
+        {"- x + 3", "-1/1x+3/1"},
+        {"3 / 4", "+3/4"},
+        {"x / 4", "+1/4x/"},
+        {"x ^ - 2", "+1/1x^+-2"},
+        {"0 . 5 x", "+0.5/1x"},
+        {"2 ~ 3 x", "+2/1~3x"},
+        {"1 E + 2 x", "+100/1x"},
+        // The left side ends at the relation sign, the "=" of "<=" included.
+        {"2 x = 3", "+2/1x"},
+        {"x < = 1", "+0/1x"}, // the "<" reads as the number 0
+        // A number before a parenthesis keeps its value: the group's first term resets it.
+        {"2 ( x )", "+2/1"},
+    };
+    for (const auto& [tokens, text] : cases) {
+        SCOPED_TRACE(tokens);
+        const BreakdownRun run = RunTokens(tokens);
+        EXPECT_EQ(run.Error, BreakdownError::None);
+        EXPECT_EQ(run.Text, text);
+    }
+}
+
+TEST(Breakdown, ClearingReachesOnlyNearTheLastRun) {
+    // A fresh table has four clean terms per part; the fifth on were never cleared and hold
+    // zeros. Once a run has used six, the next clearing reaches them.
+    auto s = std::make_unique<Session>();
+    const std::string six = "x + x + x + x + x + x";
+    EXPECT_EQ(RunTokens(*s, six).Text, "+1/1x+1/1x+1/1x+1/1x+0/0x+0/0x");
+    EXPECT_EQ(RunTokens(*s, six).Text, "+1/1x+1/1x+1/1x+1/1x+1/1x+1/1x");
+}
+
+TEST(Breakdown, ErrorsStopTheRunAndAreReported) {
+    // {tokens; the error}.
+    const std::pair<std::string, BreakdownError> cases[] = {
+        {Repeat("x", 11), BreakdownError::Subscript}, // 11 letters in a term
+        {Repeat("(", 21) + "x" + Repeat(")", 21), BreakdownError::Subscript}, // group 21
+        {Repeat("+ x", 101), BreakdownError::Subscript},                      // term 101
+        {Repeat("( x )", 52), BreakdownError::Subscript}, // a 52nd part in group 1
+        {"x ) + y", BreakdownError::Subscript},           // a closing with nothing open
+        {"x / 0", BreakdownError::DivisionByZero},
+        {"0 x / 0", BreakdownError::Overflow},
+        {"1 E + 3 9 x", BreakdownError::Overflow}, // beyond a single-precision number
+        {"1 E 5", BreakdownError::TypeMismatch},   // no exponent digits after the sign's place
+    };
+    for (const auto& [tokens, error] : cases) {
+        SCOPED_TRACE(tokens.substr(0, 60));
+        const BreakdownRun run = RunTokens(tokens);
+        EXPECT_EQ(run.Error, error);
+        EXPECT_EQ(run.Text, "");
+        EXPECT_TRUE(run.Terms.empty());
+    }
+    // More tokens than cells, and a joining that runs past the last cell.
+    auto s = std::make_unique<Session>();
+    EXPECT_EQ(SetBreakdownTokens(*s, Tokens(2002, "x")), BreakdownError::Subscript);
+    EXPECT_EQ(SetBreakdownTokens(*s, Tokens(2001, "1")), BreakdownError::None);
+    EXPECT_EQ(RunBreakdown(*s).Error, BreakdownError::Subscript);
+    EXPECT_STREQ(BreakdownErrorName(BreakdownError::Subscript), "Subscript out of range");
+}
+
+TEST(Breakdown, NumberTools) {
+    // {text; ExpandENotation; FractionValue; FractionValue rounded}. "!" stands for the
+    // error named in the last column.
+    struct Case {
+        std::string in, expanded, fraction, rounded;
+        BreakdownError error;
+    };
+    const Case cases[] = {
+        {"12", "12", "12", "12", BreakdownError::None},
+        {"1E-5", "100000", "1E-5", "1E-5", BreakdownError::None},
+        {"2.5E+2", "250", "2.5E+2", "2.5E+2", BreakdownError::None},
+        {"7/2", "7/2", "3.5", "4", BreakdownError::None},
+        {"5/2", "5/2", "2.5", "2", BreakdownError::None},
+        {"3/0", "3/0", "", "", BreakdownError::None},
+        {"1/2/4", "1/2/4", "0.5", "0", BreakdownError::None},
+        {"1E5", "!", "1E5", "1E5", BreakdownError::TypeMismatch},
+        {"E+2", "!", "E+2", "E+2", BreakdownError::TypeMismatch},
+        {"1E+400", "!", "1E+400", "1E+400", BreakdownError::Overflow},
+        {"/4", "/4", "!", "!", BreakdownError::TypeMismatch},
+    };
+    BreakdownState b;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.in);
+        std::string out;
+        const BreakdownError expand = ExpandENotation(c.in, out);
+        EXPECT_EQ(expand, c.expanded == "!" ? c.error : BreakdownError::None);
+        if (expand == BreakdownError::None) {
+            EXPECT_EQ(out, c.expanded);
+        }
+        for (const bool roundIt : {false, true}) {
+            const std::string& want = roundIt ? c.rounded : c.fraction;
+            const BreakdownError fraction = FractionValue(b, c.in, roundIt, out);
+            EXPECT_EQ(fraction, want == "!" ? c.error : BreakdownError::None);
+            if (fraction == BreakdownError::None) {
+                EXPECT_EQ(out, want);
+            }
+        }
+    }
+    const std::pair<float, std::string> singles[] = {
+        {2, "2"},        {-2.5f, "-2.5"},      {0.1f, "0.1"},       {1 / 3.0f, "0.3333333"},
+        {1e7f, "1E+07"}, {1234567, "1234567"}, {0.00001f, "1E-05"}, {1 / 70.0f, "0.01428571"},
+        {0, "0"},        {1e-7f, "1E-07"},
+    };
+    for (const auto& [value, text] : singles)
+        EXPECT_EQ(SingleText(value), text) << value;
+}
+
+TEST(Breakdown, RelationAndTrim) {
+    // {tokens; FindRelation}.
+    const std::pair<std::string, int> cases[] = {
+        {"x = y", 1}, {"x < = y", 2}, {"x > y", 1}, {"x y", 2}, {"= =", 1}};
+    BreakdownState b;
+    for (const auto& [tokens, relation] : cases) {
+        ASSERT_EQ(SetBreakdownTokens(b, SplitBreakdownTokens(tokens)), BreakdownError::None);
+        int at = -1;
+        EXPECT_EQ(FindRelation(b, at), BreakdownError::None);
+        EXPECT_EQ(at, relation) << tokens;
+    }
+    b.BreakdownTokens(1) = "";
+    b.BreakdownCount = 9;
+    EXPECT_EQ(TrimBreakdownCount(b), BreakdownError::None);
+    EXPECT_EQ(b.BreakdownCount, 1);
+}
+
+TEST(Breakdown, EntryResetEmptiesTheTokens) {
+    auto s = std::make_unique<Session>();
+    ASSERT_EQ(SetBreakdownTokens(*s, {"x", "+", "1"}), BreakdownError::None);
+    s->BreakdownSide = 1;
+    ResetEntryState(*s);
+    EXPECT_EQ(s->BreakdownTokens(0), "");
+    EXPECT_EQ(s->BreakdownTokens(2), "");
+    EXPECT_EQ(s->BreakdownCount, 0);
+    EXPECT_EQ(s->BreakdownSide, 0);
+}
+
+TEST(Breakdown, AnyTokenListEndsInTextOrAnError) {
+    // Random lists, in one session so that each run also meets what the last one left in the
+    // tables; a few run past the last cell. Whatever the list, the run ends, a completed sign
+    // stage starts with a sign, and terms come only from a run that finished.
+    const Tokens alphabet = {"0", "1", "2", "9",  ".",   "+",   "-",    "*",    "/",    "^",
+                             "~", "|", "(", ")",  "x",   "S",   "E",    "=",    "<",    ">",
+                             "[", "",  "P", "12", "3/4", "2~3", "1E-5", "1E+2", "abs(", ";"};
+    std::mt19937 random(14);
+    auto s = std::make_unique<Session>();
+    int outcomes[5] = {};
+    for (int run = 0; run < 1500; ++run) {
+        const int length = run % 100 == 99 ? 1990 + run % 20 : static_cast<int>(random() % 60);
+        Tokens tokens;
+        for (int k = 0; k < length; ++k)
+            tokens.push_back(alphabet[random() % alphabet.size()]);
+        if (SetBreakdownTokens(*s, tokens) != BreakdownError::None) continue;
+        const BreakdownRun result = RunBreakdown(*s);
+        if (!result.Normalised.empty()) {
+            EXPECT_TRUE(IsSign(result.Normalised.front()));
+        }
+        ++outcomes[static_cast<int>(result.Error)];
+        if (result.Error == BreakdownError::None) {
+            EXPECT_EQ(static_cast<int>(result.Terms.size()), s->TermCount(0, 0));
+        } else {
+            EXPECT_TRUE(result.Terms.empty() && result.Text.empty());
+        }
+    }
+    // The lists reach both finished runs and every kind of error.
+    for (int outcome : outcomes)
+        EXPECT_GT(outcome, 0);
+}
+
+} // namespace vt
