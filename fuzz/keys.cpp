@@ -6,7 +6,7 @@
 //   0xFA              flip TrigFromMenu (keys as a file load sends them)
 //   0xFB n a b        keys a and b in turn, n % 16 + 1 times each (long rows from short inputs)
 //   any other byte    that key code through Paper_KeyPress
-// Every row is typeset on a recording surface after each key, and Enter on a complete set of
+// Every row is typeset on a measuring surface after each key, and Enter on a complete set of
 // rows evaluates them. After each action the rows must still be lists the entry rules could have
 // made; anything else aborts.
 //
@@ -22,7 +22,7 @@
 
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
-#include "support/RecordingSurface.h"
+#include "QuietSurface.h"
 #include "translate/Graphable.h"
 
 namespace {
@@ -59,7 +59,7 @@ class Rig {
     Rig() : s_(std::make_unique<Session>()) {
         SetKeyMask(*s_);
         for (int i = 0; i < UsableSlots; ++i) {
-            papers_[i] = std::make_unique<test::RecordingSurface>(400, 40);
+            papers_[i] = std::make_unique<fuzz::QuietSurface>(400, 40);
             s_->Paper[static_cast<std::size_t>(i)] = papers_[i].get();
         }
         s_->GraphCommand = [this] { Graph(); };
@@ -95,7 +95,7 @@ class Rig {
     }
 
   private:
-    // Checks the row a key went to and that no other row moved; keeps the surfaces' logs short.
+    // Checks the row a key went to and that no other row moved.
     std::string Settle(int slot) {
         if (s_->ActiveSlot != slot) Fail("the active row changed", slot, "");
         const std::string now = ReadRow(*s_, slot, false);
@@ -113,10 +113,6 @@ class Rig {
             if (other != slot && s_->TokenCount(other) != static_cast<int>(rows_[other].size()))
                 Fail("another row changed", other, rows_[other]);
         rows_[slot] = now;
-        for (auto& paper : papers_) {
-            paper->Log.clear();
-            paper->Prints.clear();
-        }
         return now;
     }
 
@@ -130,7 +126,7 @@ class Rig {
     }
 
     std::unique_ptr<Session> s_;
-    std::array<std::unique_ptr<test::RecordingSurface>, UsableSlots> papers_;
+    std::array<std::unique_ptr<fuzz::QuietSurface>, UsableSlots> papers_;
     std::array<std::string, UsableSlots> rows_;
 };
 
