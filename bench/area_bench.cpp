@@ -7,6 +7,7 @@
 #include <string>
 
 #include "analysis/Area.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "session/Session.h"
 

@@ -7,9 +7,10 @@
 #include <memory>
 #include <vector>
 
+#include "base/NumberText.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
 
 namespace {
 
@@ -81,9 +82,9 @@ void CompiledBatch(benchmark::State& state) {
     state.SetLabel(s->ScriptText(0));
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(xs.size()));
     // One iteration is the whole spread; this is the time of one value.
-    state.counters["per_value"] = benchmark::Counter(
-        static_cast<double>(xs.size()),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["per_value"] = benchmark::Counter(static_cast<double>(xs.size()),
+                                                     benchmark::Counter::kIsIterationInvariantRate |
+                                                         benchmark::Counter::kInvert);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
@@ -71,7 +72,9 @@ void PaintFive(benchmark::State& state, bool raster, bool textValues) {
     }
     render::RasterSurface image(400, 400);
     NullSurface none;
-    s->frmGraph = raster ? static_cast<Surface*>(&image) : &none;
+    HeadlessShell host;
+    host.Graph = raster ? static_cast<Surface*>(&image) : &none;
+    s->BindHost(&host);
     s->PaintTextValues = textValues;
     RedrawGraph(*s);
     if (!s->CurveDrawn) {
@@ -98,7 +101,9 @@ void BM_AutoGraphNeverShows(benchmark::State& state) {
     EnsureApplication();
     std::unique_ptr<Session> s = Typed({"x-1000000"});
     render::RasterSurface image(400, 400);
-    s->frmGraph = &image;
+    HeadlessShell host;
+    host.Graph = &image;
+    s->BindHost(&host);
     for (auto _ : state) {
         AutoGraph(*s); // fourteen tries, then the view back at -20..20
         benchmark::DoNotOptimize(s->CurveDrawn);

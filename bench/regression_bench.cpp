@@ -8,7 +8,7 @@
 #include <cmath>
 #include <optional>
 
-#include "analysis/RegressionObject.h"
+#include "fit/RegressionObject.h"
 
 namespace {
 

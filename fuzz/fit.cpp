@@ -2,7 +2,7 @@
 // low four bits choosing what, with what follows it as its data:
 //   0  Insert a point from the next two bytes (tenths from -12.8 to 12.7)
 //   1  Insert the texts that follow: a length byte and that many bytes for X, then for Y
-//   2  a mouse click's point from the next two bytes (whole numbers from -128 to 127)
+//   2  a click on the graph box at the next two bytes (quarters from -32 to 31.75)
 //   3  a burst of points on a line with noise: the next byte + 1 points
 //   4  "Linear"
 //   5  "Polynomial"
@@ -13,8 +13,8 @@
 //   10 "Regression Function"
 //   11 a zoom: the view's half width from the next byte
 //   others: nothing
-// The graph box is a surface that only measures. After each action the series must agree with the fit's
-// count and the table; anything else aborts.
+// The graph box is a surface that only measures. After each action the series must agree with the
+// fit's count and the table; anything else aborts.
 
 #include <algorithm>
 #include <cstdint>
@@ -23,11 +23,13 @@
 #include <memory>
 #include <string>
 
-#include "analysis/PointSeries.h"
-#include "analysis/RegressionOverlay.h"
-#include "entry/Entry.h"
-#include "session/Platform.h"
 #include "QuietSurface.h"
+#include "base/Platform.h"
+#include "base/Shell.h"
+#include "entry/Entry.h"
+#include "plot/PointSeries.h"
+#include "plot/RegressionOverlay.h"
+#include "plot/View.h"
 
 namespace {
 
@@ -88,10 +90,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Session& s = *session;
     fuzz::QuietSurface box(400, 400);
     AcceptingHost host;
-    s.frmGraph = &box;
-    s.Host = &host;
+    HeadlessShell shell;
+    shell.Graph = &box;
+    shell.Messages = &host;
+    s.BindHost(&shell);
     SetKeyMask(s);
-    BindRegression(s);
     mnuPtSeries_Click(s);
 
     Reader in(data, size);
@@ -112,9 +115,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             ++points;
             break;
         case 2: {
-            const double x = static_cast<std::int8_t>(in.Byte());
-            const double y = static_cast<std::int8_t>(in.Byte());
-            if (s.AddRegressionPointHook) s.AddRegressionPointHook(s, x, y);
+            const float x = static_cast<std::int8_t>(in.Byte()) / 4.0f;
+            const float y = static_cast<std::int8_t>(in.Byte()) / 4.0f;
+            frmGraph_MouseDown(s, LeftButton, 0, x, y);
+            frmGraph_MouseUp(s, LeftButton, 0, x, y);
             ++points;
             break;
         }

@@ -20,9 +20,10 @@
 #include <memory>
 #include <string>
 
+#include "QuietSurface.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
-#include "QuietSurface.h"
 #include "translate/Graphable.h"
 
 namespace {
@@ -56,13 +57,13 @@ std::string ReadRow(const Session& s, int slot, bool wholeRow) {
 
 class Rig {
   public:
-    Rig() : s_(std::make_unique<Session>()) {
+    Rig() : s_(std::make_unique<Session>()), host_(*this) {
         SetKeyMask(*s_);
         for (int i = 0; i < UsableSlots; ++i) {
             papers_[i] = std::make_unique<fuzz::QuietSurface>(400, 40);
-            s_->Paper[static_cast<std::size_t>(i)] = papers_[i].get();
+            host_.Papers[static_cast<std::size_t>(i)] = papers_[i].get();
         }
-        s_->GraphCommand = [this] { Graph(); };
+        s_->BindHost(&host_);
     }
 
     void Key(int key) {
@@ -125,7 +126,15 @@ class Rig {
                     Fail("the two evaluation routes disagree", slot, rows_[slot]);
     }
 
+    // The rows' surfaces, and Enter's Graph command.
+    struct Host : HeadlessShell {
+        explicit Host(Rig& rig) : rig(rig) {}
+        void GraphCommand() override { rig.Graph(); }
+        Rig& rig;
+    };
+
     std::unique_ptr<Session> s_;
+    Host host_;
     std::array<std::unique_ptr<fuzz::QuietSurface>, UsableSlots> papers_;
     std::array<std::string, UsableSlots> rows_;
 };

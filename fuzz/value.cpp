@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "base/NumberText.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
 
 namespace {
 

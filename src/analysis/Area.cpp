@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "session/MainCommands.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -27,7 +26,7 @@ double AreaHeight(const YValue& y) {
 }
 
 void Message(Session& s, const char* text) {
-    if (s.Host) s.Host->MsgBox(text, MsgOkOnly, "");
+    s.Host().Dialogs().MsgBox(text, MsgOkOnly, "");
 }
 
 // The style whose option is on; -1 when none is.
@@ -61,7 +60,7 @@ void ZoomBy(Session& s, FillRangeForm& form, bool in) {
     }
     if (const int style = ChosenStyle(form); style >= 0) {
         s.ShadeFillStyle = style;
-        if (s.frmGraph) s.frmGraph->FillStyle = style;
+        if (Surface* box = s.Host().GraphBox()) box->FillStyle = style;
     }
     Unload(s, form);
 }
@@ -144,7 +143,8 @@ void ApplyShade(Session& s, double from, double to, int fillStyle) {
 }
 
 int GraphFillStyle(const Session& s) {
-    return s.frmGraph ? s.frmGraph->FillStyle : s.ShadeFillStyle;
+    const Surface* box = s.Host().GraphBox();
+    return box ? box->FillStyle : s.ShadeFillStyle;
 }
 
 void SetSliderValue(FillRangeForm& form, int value) {
@@ -230,7 +230,7 @@ void frmFillRange_Command6_Click(Session& s, FillRangeForm& form) {
 
 void frmFillRange_Command4_Click(Session& s, FillRangeForm& form) {
     const Colour start = ColourValue(s.ShadeColor).value_or(0);
-    const Colour chosen = s.Host ? s.Host->ChooseColour(start) : start;
+    const Colour chosen = s.Host().Dialogs().ChooseColour(start);
     s.ShadeColor = std::to_string(chosen);
     ShowStyles(s, form);
 }
@@ -240,17 +240,11 @@ void frmFillRange_Command2_Click(Session& s, FillRangeForm& form) {
 }
 
 void frmFillRange_Command7_Click(Session& s) {
-    if (s.Commands.mnuGraphPrint_Click)
-        s.Commands.mnuGraphPrint_Click();
-    else
-        Message(s, NotAvailableText);
+    if (!s.Host().RunCommand(HostCommand::GraphPrint, 0)) Message(s, NotAvailableText);
 }
 
 void frmFillRange_Command8_Click(Session& s) {
-    if (s.Commands.mnuBitMap_Click)
-        s.Commands.mnuBitMap_Click();
-    else
-        Message(s, NotAvailableText);
+    if (!s.Host().RunCommand(HostCommand::BitMap, 0)) Message(s, NotAvailableText);
 }
 
 void frmFillRange_Unload(Session& s, const FillRangeForm& form) {

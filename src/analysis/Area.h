@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/Surface.h"
 #include "plot/Evaluate.h"
 #include "session/Session.h"
-#include "session/Surface.h"
 
 namespace vt {
 
@@ -117,7 +117,8 @@ void frmFillRange_Load(Session& s, FillRangeForm& form, const WindowBox& mainWin
 // The slider moved to value. Returns true when the typeset function is to be drawn again
 // (ActiveSlot and the picture's slot and colour changed); a slot with no text changes nothing.
 bool frmFillRange_Slider1_Change(Session& s, FillRangeForm& form, int value);
-// Calculate Area: a failed check shows its message through s.Host and stops; otherwise Text4.
+// Calculate Area: a failed check shows its message through the session's host and stops; otherwise
+// Text4.
 void frmFillRange_Command3_Click(Session& s, FillRangeForm& form);
 // Shade Area: the band from the range boxes (no checks: text that is no number counts 0), the
 // chosen style, AreaAction 1; unloads.

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "display/Typesetter.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -42,7 +42,7 @@ bool frmEvalFX_Slider1_Change(Session& s, EvalFXForm& form, int value) {
 
 void frmEvalFX_Command1_Click(Session& s, EvalFXForm& form) {
     if (!IsNumericText(form.Text1)) {
-        if (s.Host) s.Host->MsgBox(XNotNumberText, MsgOkOnly, "");
+        s.Host().Dialogs().MsgBox(XNotNumberText, MsgOkOnly, "");
         return;
     }
     PreCalcFX(s);

@@ -6,8 +6,8 @@
 #include <array>
 #include <string>
 
+#include "base/Surface.h"
 #include "session/Session.h"
-#include "session/Surface.h"
 
 namespace vt {
 
@@ -54,8 +54,8 @@ void frmEvalFX_Load(Session& s, EvalFXForm& form);
 // The slider moved to value. Returns true when the picture is to be drawn again; a slot with no
 // text changes nothing. ActiveSlot is not touched.
 bool frmEvalFX_Slider1_Change(Session& s, EvalFXForm& form, int value);
-// Calculate: "x must be a number." through s.Host when the x box is no number; otherwise the
-// value of each slot at x, "f(<x as typed>) =" on the rows that have one.
+// Calculate: "x must be a number." through the session's host when the x box is no number;
+// otherwise the value of each slot at x, "f(<x as typed>) =" on the rows that have one.
 void frmEvalFX_Command1_Click(Session& s, EvalFXForm& form);
 // A key in the x box: Enter calculates, Escape closes. Returns true when the key was one of them.
 bool frmEvalFX_Text1_KeyPress(Session& s, EvalFXForm& form, int keyAscii);

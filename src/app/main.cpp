@@ -13,11 +13,12 @@
 #include <cstdio>
 #include <memory>
 
-#include "app/qt/QtPlatform.h"
+#include "app/QtPlatform.h"
+#include "commands/KeyStroke.h"
+#include "commands/MainCommands.h"
 #include "entry/Entry.h"
-#include "session/MainCommands.h"
 #include "session/Session.h"
-#include "session/frmGraphMain.h"
+#include "windows/frmGraphMain.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "cli/Limits.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::cli {
 

@@ -5,7 +5,7 @@
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 #include "translate/breakdown/Breakdown.h"
 
 namespace vt::cli {

@@ -5,8 +5,8 @@
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
+#include "base/NumberText.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
 
 namespace vt::cli {
 

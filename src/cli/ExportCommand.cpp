@@ -11,7 +11,7 @@
 #include "cli/Limits.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::cli {
 

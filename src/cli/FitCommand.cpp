@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "analysis/PointSeries.h"
+#include "plot/PointSeries.h"
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "plot/Painter.h"
 #include "plot/View.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::cli {
 
@@ -97,7 +97,6 @@ int RunFit(const FitJob& job, Output& out) {
     Session& s = headless.S();
     headless.AttachGraphBox(400, 400);
     RedrawGraph(s);
-    BindRegression(s);
     mnuPtSeries_Click(s);
 
     if (job.Linear) {

@@ -1,14 +1,16 @@
 #include "cli/Headless.h"
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "render/EquationPaper.h"
 #include "render/Fonts.h"
-#include "session/Startup.h"
+#include "commands/Startup.h"
 
 namespace vt::cli {
 
 HeadlessSession::HeadlessSession() : session_(std::make_unique<Session>()) {
-    session_->Host = &dialogs_;
+    host_.Messages = &dialogs_;
+    session_->BindHost(&host_);
     StartSession(*session_);
 }
 
@@ -16,7 +18,7 @@ void HeadlessSession::AttachRows() {
     rows_.clear();
     for (int i = 0; i < UsableSlots; ++i) {
         rows_.push_back(render::NewRowPaper());
-        session_->Paper[static_cast<std::size_t>(i)] = rows_.back().get();
+        host_.Papers[static_cast<std::size_t>(i)] = rows_.back().get();
     }
 }
 
@@ -27,7 +29,7 @@ const render::RasterSurface& HeadlessSession::Row(int slot) const {
 render::RasterSurface& HeadlessSession::AttachGraphBox(int pixelWidth, int pixelHeight) {
     render::LoadBundledFonts();
     graphBox_ = std::make_unique<render::RasterSurface>(pixelWidth, pixelHeight);
-    session_->frmGraph = graphBox_.get();
+    host_.Graph = graphBox_.get();
     return *graphBox_;
 }
 

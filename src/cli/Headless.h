@@ -37,6 +37,7 @@ class HeadlessSession {
   private:
     std::unique_ptr<Session> session_;
     CliPlatform dialogs_;
+    HeadlessShell host_;
     std::vector<std::unique_ptr<render::RasterSurface>> rows_;
     std::unique_ptr<render::RasterSurface> graphBox_;
 };

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt::cli {
 

@@ -1,7 +1,7 @@
 #include "display/Papers.h"
 
+#include "base/Surface.h"
 #include "display/Typesetter.h"
-#include "session/Surface.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -9,7 +9,7 @@ namespace vt {
 void RedrawPapers(Session& s) {
     const int keep = s.ActiveSlot;
     for (int i = 0; i < UsableSlots; ++i) {
-        Surface* paper = s.Paper[static_cast<std::size_t>(i)];
+        Surface* paper = s.Host().RowSurface(i);
         if (paper != nullptr) paper->Cls();
         std::string text = DisplayText(s, i);
         s.ActiveSlot = i;

@@ -5,9 +5,9 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "session/Checked.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
+#include "base/Checked.h"
+#include "base/NumberText.h"
+#include "base/Platform.h"
 
 namespace vt {
 
@@ -497,7 +497,7 @@ void PrintEquation(Session& s, std::string& text, Surface& surface, const Typese
     } catch (const std::exception&) {
         // The drawing of this text ends here. An exponent may have been at its small size;
         // the colour stays as it was. An empty title is the program's own name.
-        if (s.Host != nullptr) s.Host->MsgBox(DisplayFailureText, MsgOkOnly, "");
+        s.Host().Dialogs().MsgBox(DisplayFailureText, MsgOkOnly, "");
         surface.FontSize = RowFontSize;
     }
 }

@@ -10,8 +10,8 @@
 
 #include <string>
 
+#include "base/Surface.h"
 #include "session/Session.h"
-#include "session/Surface.h"
 
 namespace vt {
 
@@ -82,7 +82,7 @@ inline constexpr const char* DisplayFailureText = "An error occurred while displ
 // A row's text on a screen surface (the rows, the evaluate and area dialogs). `text` is returned
 // with "S", "C" and "T" spelt out as "sin", "cos", "tan". With wrap, a line that runs within 20
 // pixels of the surface's right edge goes on further down. Any failure ends the drawing, shows
-// DisplayFailureText through s.Host (when there is one) and puts FontSize back to 12.
+// DisplayFailureText through the session's host and puts FontSize back to 12.
 void PrintEquation(Session& s, std::string& text, Surface& surface, bool wrap);
 
 // An equation on the printed page, whose scale is 800 by 600: always wrapped, with page ends.

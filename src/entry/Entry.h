@@ -19,9 +19,10 @@ int BitsToMask(std::string_view bits);
 // Sets AllowedKeys as the program does at start.
 void SetKeyMask(Session& s);
 
-// A key for the active row (Index is not used). Appends a token, carries out Backspace (8), or
-// refuses silently; then regroups, rebuilds and repaints the rows.
-void Paper_KeyPress(Session& s, int index, int keyAscii);
+// A key into the active row: the class test against the key mask, then Backspace (8) or the
+// entry rules, then the rescan of the row's flags. Sets KeyAccepted. A full row refuses the
+// token with SubscriptError, which the keystroke's caller answers by rolling the row back.
+void KeyIntoRow(Session& s, int keyAscii);
 
 // Whether key may follow what stands at the end of the active row; updates the row's flags.
 bool CheckKey(Session& s, const std::string& key);
@@ -50,21 +51,5 @@ bool CanGraph(const Session& s);
 void ResetEntryState(Session& s);
 // The reset of everything that a file load runs first.
 void ClearAllRows(Session& s);
-
-// Feeds a slot's text as a file load does: TrigFromMenu set, the slot active, each character's
-// code through Paper_KeyPress; then TrigFromMenu cleared and slot 0 active.
-void ReplaySlotKeys(Session& s, int slot, std::string_view keys);
-
-// What loading a graph data file does to the rows: ClearAllRows, then with TrigFromMenu set the
-// text of slot i (i = 0 .. 4, as many as are given) fed character by character through
-// Paper_KeyPress with slot i active; then TrigFromMenu cleared, slot 0 active and ShownRows 0.
-// Returns the last slot whose text was not empty, -1 if none: the loader reveals the rows up to
-// it.
-int ReplayRows(Session& s, std::span<const std::string> slotTexts);
-
-// The Insert commands for sine, cosine and tangent (mnuSin_Click, mnuCos_Click, mnuTan_Click).
-void mnuSin_Click(Session& s);
-void mnuCos_Click(Session& s);
-void mnuTan_Click(Session& s);
 
 } // namespace vt

@@ -38,7 +38,8 @@ void StoreDisplayText(Session& s, const std::string& text) {
 }
 
 void ResetEntryState(Session& s) {
-    s.EntryTokens.Fill(std::string());
+    for (int slot = 0; slot <= SlotUpper; ++slot)
+        s.Rows(slot).EntryTokens.Fill(std::string());
     s.DisplayTokens.Fill(std::string());
     s.BreakdownTokens.Fill(std::string());
     s.TokenCount(s.ActiveSlot) = 0;
@@ -76,9 +77,8 @@ void ClearAllRows(Session& s) {
     s.BuildSource.Fill(std::string());
     s.BuildTokens.Fill(std::string());
     s.BuildPos = 4;
-    s.FractionOpen.Fill(false);
-    s.RootOpen.Fill(false);
-    s.ExponentOpen.Fill(false);
+    for (int slot = 0; slot <= SlotUpper; ++slot)
+        s.FractionOpen(slot) = s.RootOpen(slot) = s.ExponentOpen(slot) = false;
     s.TermStart.Fill(0);
     ResetEntryState(s);
     // The painter's break list.

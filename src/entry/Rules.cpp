@@ -20,10 +20,6 @@ bool IsDigitKey(const std::string& key) {
     return key.size() == 1 && key[0] >= '0' && key[0] <= '9';
 }
 
-bool IsTrigToken(const std::string& t) {
-    return t == "S" || t == "C" || t == "T";
-}
-
 bool Holds(const std::string& text, char c) {
     return text.find(c) != std::string::npos;
 }

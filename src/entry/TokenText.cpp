@@ -1,6 +1,6 @@
 #include "entry/TokenText.h"
 
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 
@@ -8,9 +8,13 @@ bool IsLetter(const std::string& s) {
     return (s >= "A" && s <= "Z") || (s >= "a" && s <= "z");
 }
 
-bool IsOperator(const std::string& s) { return s == "-" || s == "+" || s == "*" || s == "/"; }
+bool IsOperator(const std::string& s) {
+    return s == "-" || s == "+" || s == "*" || s == "/";
+}
 
-bool IsSign(const std::string& s) { return s == "-" || s == "+"; }
+bool IsSign(const std::string& s) {
+    return s == "-" || s == "+";
+}
 
 bool IsNumberFraction(const std::string& s) {
     if (IsOperator(s)) return false;
@@ -20,6 +24,12 @@ bool IsNumberFraction(const std::string& s) {
     return false;
 }
 
-bool IsNumeric(const std::string& s) { return IsNumericText(s); }
+bool IsNumeric(const std::string& s) {
+    return IsNumericText(s);
+}
+
+bool IsTrigToken(const std::string& s) {
+    return s == "S" || s == "C" || s == "T";
+}
 
 } // namespace vt

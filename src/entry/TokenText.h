@@ -10,6 +10,8 @@ namespace vt {
 bool IsLetter(const std::string& s);
 // "-", "+", "*" or "/".
 bool IsOperator(const std::string& s);
+// The three function letters: "S", "C" or "T".
+bool IsTrigToken(const std::string& s);
 // "-" or "+".
 bool IsSign(const std::string& s);
 // Not an operator, and some "/" in s has a digit just before it ("3/4", "12/5").

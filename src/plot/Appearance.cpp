@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
 
 namespace vt {
 
@@ -16,7 +16,7 @@ namespace {
 // The colour dialog started from `start`. Without a window there is no one to choose, which is
 // what a cancel is: the start colour.
 Colour AskColour(Session& s, Colour start) {
-    return s.Host ? s.Host->ChooseColour(start) : start;
+    return s.Host().Dialogs().ChooseColour(start);
 }
 
 // A colour kept as decimal text, as the program applies it: text that is no colour gives black.
@@ -48,7 +48,7 @@ void mnuBackColor_Click(Session& s) {
     // Started from the grid colour on purpose: a cancel turns the background into the grid
     // colour, and users know it that way.
     s.GraphBackColor = AskColour(s, ColourOfText(s.GridColor));
-    if (s.frmGraph) s.frmGraph->BackColor = s.GraphBackColor;
+    if (Surface* box = s.Host().GraphBox()) box->BackColor = s.GraphBackColor;
     RepaintForLook(s);
 }
 
@@ -56,7 +56,7 @@ void mnuGraphDefault_Click(Session& s) {
     s.GridColor = std::to_string(DefaultColours.Grid);
     s.ShadeColor = std::to_string(DefaultColours.Shade);
     s.GraphBackColor = DefaultColours.Background;
-    if (s.frmGraph) s.frmGraph->BackColor = s.GraphBackColor;
+    if (Surface* box = s.Host().GraphBox()) box->BackColor = s.GraphBackColor;
     for (int i = 0; i <= 6; ++i)
         s.Picture1(i) = DefaultColours.Swatches[i];
     RepaintForLook(s);

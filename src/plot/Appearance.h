@@ -3,8 +3,8 @@
 // colours, the default colours, the line width, and RoundUp. They keep no state of their own:
 // each writes the session and redraws.
 
+#include "base/Surface.h"
 #include "session/Session.h"
-#include "session/Surface.h"
 
 namespace vt {
 

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/NumberText.h"
 #include "plot/Expression.h"
-#include "session/NumberText.h"
 
 namespace vt {
 

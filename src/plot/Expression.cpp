@@ -5,7 +5,7 @@
 #include <limits>
 #include <memory>
 
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 

@@ -5,11 +5,11 @@
 #include <optional>
 #include <string>
 
+#include "base/NumberText.h"
+#include "base/Surface.h"
 #include "plot/Evaluate.h"
 #include "plot/Tracing.h"
 #include "plot/View.h"
-#include "session/NumberText.h"
-#include "session/Surface.h"
 
 namespace vt {
 
@@ -309,15 +309,16 @@ void RedrawGraph(Session& s) {
         s.GridColor = "16766596";
         s.ShadeColor = "14737632";
         s.ShadeFillStyle = 0;
-        if (s.frmGraph) s.frmGraph->FillStyle = FillSolid;
+        if (Surface* box = s.Host().GraphBox()) box->FillStyle = FillSolid;
     }
     ApplyView(s);
     formPaint(s);
 }
 
 void formPaint(Session& s) {
-    if (!s.frmGraph) return;
-    Painter(s, *s.frmGraph).Paint();
+    Surface* box = s.Host().GraphBox();
+    if (!box) return;
+    Painter(s, *box).Paint();
 }
 
 } // namespace vt

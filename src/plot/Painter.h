@@ -2,8 +2,8 @@
 // The plot painter: the whole picture of the graph box, from scratch, on every change: the
 // shaded band, grid, axes, the five numbers, the quadrant numerals, then the curves.
 
+#include "base/Surface.h"
 #include "session/Session.h"
-#include "session/Surface.h"
 
 namespace vt {
 

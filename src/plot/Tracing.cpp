@@ -5,11 +5,11 @@
 #include <limits>
 #include <string>
 
+#include "base/NumberText.h"
+#include "base/Platform.h"
 #include "plot/Evaluate.h"
 #include "plot/Painter.h"
 #include "plot/View.h"
-#include "session/NumberText.h"
-#include "session/Platform.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -309,7 +309,7 @@ void AutoGraph(Session& s) {
     if (!anyText || s.ViewDragged) return;
 
     const auto refresh = [&] {
-        if (s.frmGraph) s.frmGraph->Refresh();
+        if (Surface* box = s.Host().GraphBox()) box->Refresh();
     };
     s.CurveDrawn = false;
     int tries = 0;
@@ -326,9 +326,8 @@ void AutoGraph(Session& s) {
         mnuGraphReset_Click(s);
         RedrawGraph(s);
         refresh();
-        if (s.Host)
-            s.Host->MsgBox("The function could not be graphed within the maximum limits.",
-                           MsgOkOnly, "");
+        s.Host().Dialogs().MsgBox("The function could not be graphed within the maximum limits.",
+                                  MsgOkOnly, "");
     }
 }
 

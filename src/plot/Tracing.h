@@ -6,9 +6,9 @@
 
 #include <optional>
 
+#include "base/Surface.h"
 #include "plot/Evaluate.h"
 #include "session/Session.h"
-#include "session/Surface.h"
 
 namespace vt {
 

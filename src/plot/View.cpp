@@ -4,10 +4,12 @@
 #include <cmath>
 #include <optional>
 
+#include "base/NumberText.h"
+#include "base/Surface.h"
 #include "plot/Painter.h"
+#include "plot/PointSeries.h"
+#include "plot/RegressionOverlay.h"
 #include "plot/Tracing.h"
-#include "session/NumberText.h"
-#include "session/Surface.h"
 
 namespace vt {
 
@@ -50,7 +52,7 @@ void ShiftX(Session& s, double amount) {
 void ApplyView(Session& s) {
     // Each statement that fails is skipped and the next one runs: a view of no width keeps the
     // box's last scale.
-    Surface* box = s.frmGraph;
+    Surface* box = s.Host().GraphBox();
     if (box) {
         SetOrigin(box->ScaleLeft, s.ViewXMin);
         SetOrigin(box->ScaleTop, s.ViewYMax);
@@ -76,7 +78,7 @@ void ApplyView(Session& s) {
 }
 
 void RedrawRegression(Session& s) {
-    if (s.RedrawRegressionHook) s.RedrawRegressionHook(s);
+    DrawRegressionOverlay(s);
 }
 
 void RedrawByMode(Session& s) {
@@ -158,22 +160,22 @@ GraphMouseAction frmGraph_MouseDown(Session& s, int button, int /*shift*/, float
     if (button != LeftButton) return GraphMouseAction::ShowGraphWindowMenu;
     if (s.Check1 == 1) {
         // A click enters a point at whole-number coordinates; the regression overlay keeps it.
-        if (s.AddRegressionPointHook)
-            s.AddRegressionPointHook(s, RoundHalfEven(x, 0), RoundHalfEven(y, 0));
+        AddSeriesPoint(s, RoundHalfEven(x, 0), RoundHalfEven(y, 0));
         RedrawByMode(s);
         return GraphMouseAction::None;
     }
     s.Dragging = true;
     s.DragX0 = s.DragX1 = x;
     s.DragY0 = s.DragY1 = y;
-    if (s.frmGraph) s.frmGraph->DrawMode = DrawXorPen;
+    if (Surface* box = s.Host().GraphBox()) box->DrawMode = DrawXorPen;
     return GraphMouseAction::None;
 }
 
 std::string frmGraph_MouseMove(Session& s, int /*button*/, int /*shift*/, float x, float y) {
-    if (s.Dragging && s.frmGraph) {
+    Surface* graphBox = s.Host().GraphBox();
+    if (s.Dragging && graphBox) {
         // Exclusive-or: drawing the old box again erases it, which makes a rubber band.
-        Surface& box = *s.frmGraph;
+        Surface& box = *graphBox;
         LineStatement(box, s.DragX0, s.DragY0, s.DragX1, s.DragY1, true);
         s.DragX1 = x;
         s.DragY1 = y;
@@ -188,7 +190,7 @@ std::string frmGraph_MouseMove(Session& s, int /*button*/, int /*shift*/, float 
 void frmGraph_MouseUp(Session& s, int /*button*/, int /*shift*/, float /*x*/, float /*y*/) {
     if (!s.Dragging) return;
     s.Dragging = false;
-    if (s.frmGraph) s.frmGraph->DrawMode = DrawCopyPen;
+    if (Surface* box = s.Host().GraphBox()) box->DrawMode = DrawCopyPen;
     const double x0 = RoundHalfEven(s.DragX0, 0), x1 = RoundHalfEven(s.DragX1, 0);
     const double y0 = RoundHalfEven(s.DragY0, 0), y1 = RoundHalfEven(s.DragY1, 0);
     // A region of 1 by 1 or less is no selection; a selected view has whole-number bounds.

@@ -35,7 +35,7 @@ enum class GraphMouseAction {
 };
 
 // The coordinates list's width, fixed in pixels (1935 twips).
-constexpr double ListViewPixelWidth = 1935.0 / 15.0;
+constexpr double ListViewPixelWidth = 1935.0 / Surface::TwipsPerPixel;
 
 // Sets the graph box's scale from the view, SampleStep from the absolute bounds, and the
 // placing of the coordinates list.
@@ -46,7 +46,7 @@ void ApplyView(Session& s);
 void RedrawByMode(Session& s);
 // The same with the view unchanged: the regression redraw, otherwise the paint alone.
 void PaintByMode(Session& s);
-// The regression redraw, bound by the regression overlay; unbound it does nothing.
+// The regression redraw, which the host's regression panel makes.
 void RedrawRegression(Session& s);
 
 // Halve or double all four bounds, about the origin; refused silently at the limits.

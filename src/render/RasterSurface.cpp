@@ -469,4 +469,12 @@ void RasterSurface::Refresh() {
     if (OnRefresh) OnRefresh();
 }
 
+std::unique_ptr<RasterSurface> MakeEquationPaper(int pixelWidth, int pixelHeight) {
+    auto paper = std::make_unique<RasterSurface>(pixelWidth, pixelHeight);
+    paper->FontName = EquationFamily;
+    paper->FontSize = 12;
+    paper->SmoothText = true;
+    return paper;
+}
+
 } // namespace vt::render

@@ -43,9 +43,10 @@
 #include <QFontMetrics>
 #include <QImage>
 #include <functional>
+#include <memory>
 #include <optional>
 
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt::render {
 
@@ -125,5 +126,9 @@ class RasterSurface : public Surface {
     QFont font_;
     std::optional<QFontMetrics> metrics_;
 };
+
+// A surface for typeset equations, as the rows and the function pictures are: the equation font
+// at 12 points, its text smoothed.
+std::unique_ptr<RasterSurface> MakeEquationPaper(int pixelWidth, int pixelHeight);
 
 } // namespace vt::render

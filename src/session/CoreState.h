@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "session/Checked.h"
+#include "base/Checked.h"
 
 namespace vt {
 
@@ -46,13 +46,13 @@ struct CoreState {
     double DragX0 = 0, DragX1 = 0, DragY0 = 0, DragY1 = 0;
 
     // Controls whose state the logic reads.
-    int Check1 = 0; // 1: regression mode
-    bool HideGridChecked = false;        // mnuHideGrid
-    bool GraphQuadrantChecked = false;   // mnuGraphQuadrant
-    bool ToggleCoordinatesChecked = false; // mnuToggleCoordinates, mirrors ListView1's visibility
-    bool NearWholeChecked = true;        // mnuNearWhole
-    bool NearTenChecked = false;         // mnuNearTen
-    int Slider1 = 3;                     // pen width of curves, 1..10
+    int Check1 = 0;                          // 1: regression mode
+    bool HideGridChecked = false;            // mnuHideGrid
+    bool GraphQuadrantChecked = false;       // mnuGraphQuadrant
+    bool ToggleCoordinatesChecked = false;   // mnuToggleCoordinates, mirrors ListView1's visibility
+    bool NearWholeChecked = true;            // mnuNearWhole
+    bool NearTenChecked = false;             // mnuNearTen
+    int Slider1 = 3;                         // pen width of curves, 1..10
     std::uint32_t GraphBackColor = 0xFFFFFF; // background of the graph box
     // Swatch colours: rows 0..4, the regression line, the points.
     Array1<std::uint32_t, 0, 6> Picture1{};
@@ -60,7 +60,8 @@ struct CoreState {
     CoreState() {
         const std::uint32_t swatches[7] = {0x0000FF, 0xFF0000, 0x00C000, 0xFF00FF,
                                            0x0080FF, 0x0000FF, 0xFF0000};
-        for (int i = 0; i <= 6; ++i) Picture1(i) = swatches[i];
+        for (int i = 0; i <= 6; ++i)
+            Picture1(i) = swatches[i];
     }
 };
 

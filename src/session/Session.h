@@ -2,36 +2,33 @@
 // The one copy of the shared state. Each subsystem declares its own part; the session is all of
 // them together, so that every routine reads the names it knows (s.ActiveSlot, s.TokenCount(i)).
 
-#include <array>
-#include <functional>
-
-#include "analysis/AnalysisState.h"
-#include "display/DisplayState.h"
-#include "entry/EntryState.h"
-#include "plot/PlotState.h"
+#include "base/Shell.h"
+#include "session/AnalysisState.h"
+#include "session/BreakdownState.h"
+#include "session/BuildState.h"
 #include "session/CoreState.h"
+#include "session/DisplayState.h"
+#include "session/EntryState.h"
+#include "session/PlotState.h"
 #include "session/WindowState.h"
-#include "translate/BuildState.h"
-#include "translate/breakdown/BreakdownState.h"
 
 namespace vt {
 
-class Surface;
-class Platform;
+struct Session : CoreState,
+                 EntryState,
+                 BuildState,
+                 PlotState,
+                 DisplayState,
+                 WindowState,
+                 AnalysisState,
+                 BreakdownState {
+    // Whatever shows the session: the main window, or the headless host while none is bound.
+    Shell& Host() const { return host_ != nullptr ? *host_ : UnboundShell(); }
+    // Binds a host for as long as it lives; null unbinds.
+    void BindHost(Shell* host) { host_ = host; }
 
-struct Session : CoreState, EntryState, BuildState, PlotState, DisplayState, WindowState,
-                 AnalysisState, BreakdownState {
-    // What the logic asks of the window, bound by whoever shows the session. Unbound, they do
-    // nothing, which is what the command-line companion wants.
-    std::function<void(bool)> SetGraphCommandsEnabled; // toolbar buttons 1, 12, 13 and the menus
-    std::function<void()> GraphCommand;                // Enter on a complete row draws the graph
-
-    // The surfaces of the five rows (Paper(0)..Paper(4)), when there are any.
-    std::array<Surface*, UsableSlots> Paper{};
-
-    // The modal dialogs (message boxes) when there is a window; null in the command-line
-    // companion, where a message has no one to read it.
-    Platform* Host = nullptr;
+  private:
+    Shell* host_ = nullptr;
 };
 
 } // namespace vt

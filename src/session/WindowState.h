@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "session/Checked.h"
+#include "base/Checked.h"
 
 namespace vt {
 
@@ -26,35 +26,11 @@ struct ToolButton {
     std::vector<std::string> DropDown; // entries of the button's drop-down menu, if it has one
 };
 
-// Commands of other parts of the program that have windows or dialogs of their own, and the
-// regression panel's routines. The window binds them to the routines as they come; an unbound
-// command tells the user it is not available yet, an unbound panel routine does nothing.
-struct WindowCommands {
-    // Regression mode.
-    std::function<void()> ResetPointTable;
-    std::function<void()> ClearSeries;
-    std::function<void()> mnuPtSeries_Click;
-    // Commands with windows and dialogs of their own.
-    std::function<void()> mnuGraphPrint_Click; // shows frmPrintSetup
-    std::function<void()> mnuSave_Click;
-    std::function<void()> mnuLoad_Click; // also loads CommandFile at start
-    std::function<void()> mnuBitMap_Click;
-    std::function<void()> mnuEvaluate_Click;
-    std::function<void()> mnuShade_Click;
-    std::function<void()> mnuLineW_Click;
-    std::function<void()> mnuGraphGridColor_Click;
-    std::function<void()> mnuBackColor_Click;
-    std::function<void()> mnuGraphDefault_Click;
-    std::function<void(int index)> Picture1_Click;
-    std::function<void()> mnuHelpTopics_Click;
-    std::function<void()> mnuVeritrace_Click;
-    std::function<void()> OpenHomePage; // mnuHomePage and the toolbar's web button
-    std::function<void()> mnuOnlineSupport_Click;
-    std::function<void()> mnuAbout_Click;
-};
-
 // Twips of the rows' pitch and of the Blinker's place under the first row.
 constexpr int PaperRowPitch = 840;
+// Twips of a row's paper.
+constexpr int PaperWidth = 4335;
+constexpr int PaperHeight = 615;
 constexpr int BlinkerHomeLeft = 4680;
 constexpr int BlinkerHomeTop = 1700;
 constexpr std::uint32_t PaperWhite = 0xFFFFFF;
@@ -80,12 +56,6 @@ struct WindowState {
     // Where the program keeps its graph data files ("Saved Problems"), and its own folder.
     std::string ProgramDir;
     std::string SavedProblemsDir;
-
-    WindowCommands Commands;
-
-    // The window gives the focus to a row. Unbound (no window), the row's focus event runs at
-    // once, so that the logic behaves the same without one.
-    std::function<void(int row)> FocusRow;
 
     WindowState();
 };

@@ -7,10 +7,6 @@ namespace vt {
 
 namespace {
 
-bool IsTrigToken(const std::string& t) {
-    return t == "S" || t == "C" || t == "T";
-}
-
 // One run of the builder over a row. The working grids BuildSource and BuildTokens hold token
 // number k at cell 4k; the three cells behind a token are its gaps, where group closers go.
 // BuildPos is the next free token cell and equals the read position throughout the scan.
@@ -320,8 +316,6 @@ struct BuilderRun {
         } else {
             s.SlotIncomplete(slot) = true;
         }
-        const bool ready = CanGraph(s);
-        if (s.SetGraphCommandsEnabled) s.SetGraphCommandsEnabled(ready);
         s.InRoot(slot) = s.RootOpen(slot);
         s.InExponent(slot) = s.ExponentOpen(slot);
     }
@@ -455,9 +449,8 @@ struct BuilderRun {
     }
 };
 
-} // namespace
-
-bool GraphablePass(Session& s) {
+// The whole work of a run over the active row.
+void GraphablePass(Session& s) {
     BuilderRun run(s, s.ActiveSlot);
     const int slot = run.slot;
 
@@ -494,14 +487,14 @@ bool GraphablePass(Session& s) {
 
     s.BuildTokens.Fill("");
     s.DisplayCount = s.BuildPos;
-    return true;
 }
 
-std::string BuildGraphable(Session& s) {
-    // A pass always completes, so one runs; the limit guards the loop all the same.
-    for (int pass = 1; pass <= 21; ++pass)
-        if (GraphablePass(s)) break;
-    return DisplayText(s, s.ActiveSlot);
+} // namespace
+
+GraphableRow BuildGraphable(Session& s) {
+    GraphablePass(s);
+    const int slot = s.ActiveSlot;
+    return {DisplayText(s, slot), GraphableText(s, slot), s.SlotIncomplete(slot)};
 }
 
 std::string GraphableText(const Session& s, int slot) {

@@ -8,10 +8,18 @@
 
 namespace vt {
 
-// One run over the active row. Returns the new display text (cells 0..1000 of DisplayTokens).
-std::string BuildGraphable(Session& s);
-// The whole work of a run; always true.
-bool GraphablePass(Session& s);
+// What a run of the builder made of a row. The row keeps the same in its cells and flags
+// (DisplayTokens, GraphableCells, SlotIncomplete); what the window shows of it, and whether the
+// graph commands open, is for the caller to decide.
+struct GraphableRow {
+    std::string Display;     // the marked-up display text (cells 0..1000 of DisplayTokens)
+    std::string Evaluator;   // the evaluator text, x still free
+    bool Incomplete = false; // the row cannot be graphed as it stands
+};
+
+// One run over the active row's grouped tokens. A row too long for the working grids ends the
+// run with SubscriptError, for the keystroke to roll back.
+GraphableRow BuildGraphable(Session& s);
 
 // Cells 0..2000 of GraphableCells of the slot joined.
 std::string GraphableText(const Session& s, int slot);

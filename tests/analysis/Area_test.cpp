@@ -3,9 +3,9 @@
 #include <functional>
 
 #include "analysis/Area.h"
+#include "base/NumberText.h"
 #include "plot/Painter.h"
 #include "plot/PlotTesting.h"
-#include "session/NumberText.h"
 
 namespace vt::test {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <QString>
 
-#include "app/qt/QtPlatform.h"
-#include "app/qt/SplashPlaceholder.h"
-#include "app/qt/SurfaceView.h"
+#include "app/QtPlatform.h"
 #include "support/QtApp.h"
+#include "windows/SplashPlaceholder.h"
+#include "windows/SurfaceView.h"
 
 namespace vt::app {
 

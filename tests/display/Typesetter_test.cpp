@@ -166,8 +166,10 @@ TEST(Typesetter, FailureStopsTheTextShowsTheMessageAndResetsTheFontSize) {
     for (const auto& [target, text, fails] : cases) {
         SCOPED_TRACE(text.size());
         test::ScriptedPlatform platform;
+        HeadlessShell host;
+        host.Messages = &platform;
         Session s;
-        s.Host = &platform;
+        s.BindHost(&host);
         auto out = SurfaceFor(target);
         out.FontSize = 10;
         Typeset(s, out, text, target, false, true, "green");
@@ -212,12 +214,14 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
         {{}, 3, 3, -1}, {{0, 2}, 0, 2, -1}, {{0, 1}, 3, 1, -1}, {{1, 4}, 1, 4, 3}};
     for (const auto& [filledRows, lastFilledBefore, lastFilledAfter, failingRow] : cases) {
         test::ScriptedPlatform platform;
+        HeadlessShell host;
+        host.Messages = &platform;
         Session s;
-        s.Host = &platform;
+        s.BindHost(&host);
         std::vector<test::RecordingSurface> rows(UsableSlots, MakeRow());
         for (int i = 0; i < UsableSlots; ++i) {
             rows[i].CurrentX = 100; // where the last paint left the pen
-            s.Paper[i] = &rows[i];
+            host.Papers[i] = &rows[i];
         }
         for (int row : filledRows)
             SetRowText(s, row, "x^2^+S(x)");

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 
 namespace vt::test {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "entry/EntryTesting.h"
+#include "support/RecordingShell.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -48,15 +49,15 @@ TEST(KeyPress, EnterGraphsOnlyWhenEveryRowIsComplete) {
     for (const auto& [row0, row1, graphs] : cases) {
         SCOPED_TRACE(std::string(row0) + " / " + row1);
         auto s = NewEntrySession();
-        int graphed = 0;
-        s->GraphCommand = [&graphed] { ++graphed; };
+        test::RecordingShell host;
+        s->BindHost(&host);
         s->ActiveSlot = 1;
         TypeFromMenu(*s, row1);
         s->ActiveSlot = 0;
         TypeFromMenu(*s, row0);
         ASSERT_EQ(EntryText(*s, 0) + "/" + EntryText(*s, 1), std::string(row0) + "/" + row1);
         Paper_KeyPress(*s, 0, EnterKey);
-        EXPECT_EQ(graphed, graphs ? 1 : 0);
+        EXPECT_EQ(host.Graphs, graphs ? 1 : 0);
         EXPECT_FALSE(s->KeyAccepted);
         EXPECT_EQ(EntryText(*s, 0), row0);
     }
@@ -207,7 +208,7 @@ int TypeUntilRefused(Session& s, const std::string& pattern, int maxKeys) {
 
 // What a refused key must leave as it found it, as one text: row 0's texts, flags and counts,
 // and the parenthesis and term tables.
-std::string RowState(const Session& s) {
+std::string RowAsText(const Session& s) {
     std::string out = EntryText(s, 0) + "|" + DisplayText(s, 0) + "|" + GraphableText(s, 0);
     out += " flags ";
     for (bool flag : {s.InExponent(0), s.InRoot(0), s.InFraction(0), s.BarOpen(0),
@@ -234,11 +235,11 @@ TEST(FullRow, RefusesKeysOnceTheLastCellIsFilled) {
     FillRow(*s, "1", 1990);
     ASSERT_EQ(TypeUntilRefused(*s, "1", 100), 0);
     ASSERT_EQ(s->TokenCount(0), CellUpper + 1);
-    const std::string full = RowState(*s);
+    const std::string full = RowAsText(*s);
     for (char key : std::string("1x+(|.")) {
         Paper_KeyPress(*s, 0, key);
         EXPECT_FALSE(s->KeyAccepted) << key;
-        EXPECT_EQ(RowState(*s), full) << key;
+        EXPECT_EQ(RowAsText(*s), full) << key;
     }
     Paper_KeyPress(*s, 0, BackspaceKey);
     EXPECT_EQ(s->TokenCount(0), CellUpper);
@@ -264,10 +265,10 @@ TEST(FullRow, KeyThatOverflowsTheBuilderIsRefusedWithTheRowRestored) {
         Paper_KeyPress(*s, 0, BackspaceKey);
         ASSERT_EQ(TypeUntilRefused(*s, pattern, length - s->TokenCount(0)), -1);
         ASSERT_EQ(s->TokenCount(0), length);
-        const std::string before = RowState(*s);
+        const std::string before = RowAsText(*s);
         Paper_KeyPress(*s, 0, pattern[static_cast<std::size_t>(refusedAt)]);
         EXPECT_FALSE(s->KeyAccepted);
-        EXPECT_EQ(RowState(*s), before);
+        EXPECT_EQ(RowAsText(*s), before);
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include "entry/EntryTesting.h"
 #include "entry/TokenText.h"
+#include "support/RecordingShell.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -149,8 +150,9 @@ TEST(RandomKeys, RowsStayListsTheRulesCouldMake) {
     std::mt19937 rng(0x5EED2024u);
     auto session = test::NewEntrySession();
     Session& s = *session;
-    int graphs = 0;
-    s.GraphCommand = [&graphs] { ++graphs; };
+    test::RecordingShell host;
+    s.BindHost(&host);
+    const int& graphs = host.Graphs; // Enter on a complete row
 
     std::uniform_real_distribution<double> unit(0.0, 1.0);
     std::uniform_int_distribution<int> printable(32, 127); // 127 stands for Backspace or Enter

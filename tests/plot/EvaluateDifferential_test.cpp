@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "base/NumberText.h"
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
 
 namespace vt {
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 
 namespace vt {
 

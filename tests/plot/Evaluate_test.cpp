@@ -3,8 +3,8 @@
 #include <cmath>
 #include <string>
 
+#include "base/NumberText.h"
 #include "plot/Evaluate.h"
-#include "session/NumberText.h"
 
 namespace vt {
 

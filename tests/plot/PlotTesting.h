@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "session/Session.h"
+#include "support/RecordingShell.h"
 #include "support/RecordingSurface.h"
 #include "support/ScriptedPlatform.h"
 
@@ -69,11 +71,13 @@ struct PlotSession {
     Session s;
     PlotSurface box;
     ScriptedPlatform host;
+    RecordingShell shell;
 
     // The rows in order; an empty text leaves its row untouched.
     explicit PlotSession(std::vector<std::string> rows = {}) {
-        s.frmGraph = &box;
-        s.Host = &host;
+        shell.Graph = &box;
+        shell.Messages = &host;
+        s.BindHost(&shell);
         SetKeyMask(s);
         for (std::size_t i = 0; i < rows.size(); ++i)
             if (!rows[i].empty()) Type(static_cast<int>(i), rows[i]);

@@ -114,12 +114,11 @@ TEST(View, ReadoutRoundsHalfToEven) {
 TEST(View, InRegressionModeTheLeftButtonEntersAWholeNumberPointAndTheRightOpensTheMenu) {
     PlotSession g;
     g.s.Check1 = 1;
-    std::vector<std::array<double, 2>> points;
-    g.s.AddRegressionPointHook = [&](Session&, double x, double y) { points.push_back({x, y}); };
     EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, 2.5f, -3.7f), GraphMouseAction::None);
     EXPECT_EQ(frmGraph_MouseDown(g.s, 2, 0, 2.5f, -3.7f), GraphMouseAction::ShowGraphWindowMenu);
     EXPECT_FALSE(g.s.Dragging);
-    EXPECT_EQ(points, (std::vector<std::array<double, 2>>{{2, -4}}));
+    ASSERT_EQ(g.s.FitObject.XYCount(), 1);
+    EXPECT_EQ(std::tuple(g.s.Points(0).X, g.s.Points(0).Y), std::tuple(2.0, -4.0));
 }
 
 } // namespace

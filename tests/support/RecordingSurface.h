@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "session/Surface.h"
+#include "base/Surface.h"
 
 namespace vt::test {
 

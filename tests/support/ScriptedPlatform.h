@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "session/Platform.h"
+#include "base/Platform.h"
 
 namespace vt::test {
 

@@ -16,7 +16,7 @@ std::vector<std::string> Split(const std::string& spaced) {
 
 // Puts grouped tokens into a row as the entry handler leaves them (cell 0 empty, tokens from
 // cell 1, DisplayCount the last cell) and runs the builder on it.
-std::string Build(Session& s, const std::vector<std::string>& tokens, int slot = 0) {
+GraphableRow Build(Session& s, const std::vector<std::string>& tokens, int slot = 0) {
     s.ActiveSlot = slot;
     for (int c = 0; c <= CellUpper; ++c)
         s.DisplayTokens(c, slot) = "";
@@ -25,7 +25,7 @@ std::string Build(Session& s, const std::vector<std::string>& tokens, int slot =
     s.DisplayCount = s.TokenCount(slot) = static_cast<int>(tokens.size());
     return BuildGraphable(s);
 }
-std::string Build(Session& s, const char* spaced, int slot = 0) {
+GraphableRow Build(Session& s, const char* spaced, int slot = 0) {
     return Build(s, Split(spaced), slot);
 }
 
@@ -71,7 +71,9 @@ TEST(GraphableBuilder, MakesEvaluatorTextAndMarkedUpDisplay) {
     for (const auto& [tokens, text, display] : cases) {
         SCOPED_TRACE(tokens);
         Session s;
-        EXPECT_EQ(Build(s, tokens), display);
+        const GraphableRow row = Build(s, tokens);
+        EXPECT_EQ(row.Display, display);
+        EXPECT_EQ(row.Evaluator, text);
         EXPECT_EQ(GraphableText(s, 0), text);
         EXPECT_EQ(DisplayText(s, 0), display);
     }
@@ -116,29 +118,13 @@ TEST(GraphableBuilder, ReportsUnfinishedRowsAndOpenGroups) {
         s.OpenBars(0) = openBars;
         s.InRoot(0) = !inRoot;
         s.InExponent(0) = !inExponent;
-        Build(s, tokens);
+        EXPECT_EQ(Build(s, tokens).Incomplete, incomplete);
         EXPECT_EQ(s.SlotIncomplete(0), incomplete);
         EXPECT_EQ(s.InRoot(0), inRoot);
         EXPECT_EQ(s.InExponent(0), inExponent);
         // The groups are all closed again for the next run.
         EXPECT_FALSE(s.FractionOpen(0) || s.RootOpen(0) || s.ExponentOpen(0));
     }
-}
-
-TEST(GraphableBuilder, EnablesTheGraphCommandsThroughCanGraph) {
-    // {groups, another row left incomplete (-1: none), ready}
-    const std::tuple<const char*, int, bool> cases[] = {
-        {"x + 1", -1, true}, {"x +", -1, false}, {"", -1, false}, {"x + 1", 9, false}};
-    for (const auto& [tokens, otherIncomplete, ready] : cases) {
-        Session s;
-        std::vector<bool> calls;
-        s.SetGraphCommandsEnabled = [&calls](bool on) { calls.push_back(on); };
-        if (otherIncomplete >= 0) s.SlotIncomplete(otherIncomplete) = true;
-        Build(s, tokens);
-        EXPECT_EQ(calls, std::vector<bool>{ready}) << tokens;
-    }
-    Session unbound;
-    EXPECT_EQ(Build(unbound, "x"), "x");
 }
 
 TEST(GraphableBuilder, LongRowsStopTheDisplayAtCell1000AndOverflowTheGridsAsSubscriptErrors) {
@@ -149,7 +135,7 @@ TEST(GraphableBuilder, LongRowsStopTheDisplayAtCell1000AndOverflowTheGridsAsSubs
         spaced += k % 2 == 0 ? "2 " : "+ ";
     const std::vector<std::string> numbers = Split(spaced);
     Session display;
-    EXPECT_EQ(Build(display, {numbers.begin(), numbers.begin() + 259}).size(), 250u);
+    EXPECT_EQ(Build(display, {numbers.begin(), numbers.begin() + 259}).Display.size(), 250u);
     EXPECT_EQ(DisplayText(display, 0).size(), 250u);
     EXPECT_EQ(GraphableText(display, 0).size(), 259u);
     EXPECT_EQ(display.DisplayCount, 1040);
@@ -162,7 +148,7 @@ TEST(GraphableBuilder, LongRowsStopTheDisplayAtCell1000AndOverflowTheGridsAsSubs
         Session s;
         EXPECT_THROW(Build(s, tokens), SubscriptError);
         // After the failure, the next run starts from a clean grid.
-        EXPECT_EQ(Build(s, "x ^ 2"), "x^2^");
+        EXPECT_EQ(Build(s, "x ^ 2").Display, "x^2^");
         EXPECT_EQ(GraphableText(s, 0), "x^(2)");
     }
     // The text stage reads 20 cells past the last token: 494 tokens fit, 495 do not.

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "entry/TokenText.h"
-#include "session/NumberText.h"
+#include "base/NumberText.h"
 #include "translate/breakdown/BreakdownDetail.h"
 
 namespace vt {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <random>
 
+#include "commands/KeyStroke.h"
 #include "entry/Entry.h"
 #include "entry/TokenText.h"
 #include "translate/breakdown/Breakdown.h"

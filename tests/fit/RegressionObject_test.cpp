@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "fit/RegressionObject.h"
+
+namespace vt::test {
+namespace {
+
+using Series = std::vector<std::pair<double, double>>;
+
+RegressionObject Fit(int degree, const Series& points) {
+    RegressionObject fit;
+    EXPECT_FALSE(fit.SetDegree(degree));
+    for (const auto& [x, y] : points)
+        EXPECT_FALSE(fit.XYAdd(x, y));
+    return fit;
+}
+
+TEST(RegressionObject, FitsAndWritesTheEquation) {
+    struct Case {
+        const char* what;
+        int degree;
+        Series points;
+        std::vector<double> coefficients; // c0, c1, ...; the rest 0
+        const char* equation;             // after the first value was asked for
+        bool solved;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"no points", 2, {}, {0, 0, 0}, "f(x) =", false},
+        {"one point: working degree 0", 2, {{2, 3}}, {3, 0, 0}, "f(x) =  3", true},
+        {"parabola, leading 1 dropped before x^", 2, {{0, 0}, {1, 1}, {2, 4}}, {0, 0, 1},
+         "f(x) =  x^2^", true},
+        {"negative slope keeps its sign", 1, {{0, 1}, {1, -1}}, {1, -2}, "f(x) = - 2x + 1", true},
+        {"1 before x dropped, 10 kept", 2, {{0, 0}, {1, 2}, {2, 6}}, {0, 1, 1},
+         "f(x) =  x^2^ + x", true},
+        {"10x is no 1x", 1, {{0, 0}, {1, 10}}, {0, 10}, "f(x) =  10x", true},
+        {"all coefficients zero", 2, {{0, 0}, {1, 0}, {2, 0}}, {0, 0, 0}, "f(x) = 0", true},
+        {"same x three times: zero pivot", 2, {{1, 1}, {1, 2}, {1, 3}}, {0, 0, 0}, "f(x) = 0", false},
+        {"same x twice at degree 1: slope 0, mean of y", 1, {{2, 1}, {2, 5}}, {3, 0},
+         "f(x) =  3", true},
+        {"two points at order 5: a line", 5, {{0, 1}, {1, 3}}, {1, 2, 0, 0, 0, 0}, "f(x) =  2x + 1",
+         true},
+        {"tiny constant shown unrounded", 0, {{5, 1e-11}}, {1e-11}, "f(x) =  1E-11", true},
+        {"rounded to ten decimals", 0, {{5, -2.00000000004}}, {-2.00000000004}, "f(x) = - 2", true},
+        {"cubic through four points", 3, {{-1, -1}, {0, 0}, {1, 1}, {2, 8}}, {0, 0, 0, 1},
+         "f(x) =  x^3^", true},
+        {"least squares, not interpolation", 1, {{0, 0}, {1, 1}, {2, 1}}, {1.0 / 6, 0.5},
+         "f(x) =  0.5x + 0.1666666667", true},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        RegressionObject fit = Fit(c.degree, c.points);
+        EXPECT_EQ(fit.XYCount(), static_cast<int>(c.points.size()));
+        // The text reads the coefficients as they stand: before any value, none are solved.
+        EXPECT_EQ(fit.ReturnRegEq(), c.points.empty() ? "f(x) =" : "f(x) = 0");
+        for (std::size_t k = 0; k < c.coefficients.size(); ++k)
+            EXPECT_NEAR(fit.Coeff(static_cast<int>(k)), c.coefficients[k], 1e-12) << "x^" << k;
+        EXPECT_EQ(fit.Coeff(-1), fit.Coeff(1));
+        EXPECT_EQ(fit.Coeff(static_cast<int>(c.coefficients.size())), 0);
+        for (double x : {-3.0, 0.0, 0.5, 7.0}) {
+            double expected = 0;
+            for (std::size_t k = 0; k < c.coefficients.size(); ++k)
+                expected += c.coefficients[k] * std::pow(x, static_cast<double>(k));
+            const std::optional<double> value = fit.RegVal(x);
+            ASSERT_TRUE(value);
+            EXPECT_NEAR(*value, expected, 1e-9) << "at " << x;
+        }
+        EXPECT_EQ(fit.ReturnRegEq(), c.equation);
+        EXPECT_EQ(fit.Solved(), c.solved);
+    }
+}
+
+TEST(RegressionObject, FailedEliminationRetreatsOnceWithoutSolving) {
+    // Two points with one x solve at working degree 1 (constant 1.5). The third makes the
+    // second pivot an exact zero: the constant is cleared, nothing is solved again, and each
+    // later value tries once more and gets the same.
+    RegressionObject fit = Fit(2, {{1, 1}, {1, 2}});
+    EXPECT_EQ(fit.RegVal(4), 1.5);
+    ASSERT_FALSE(fit.XYAdd(1, 3));
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        EXPECT_EQ(fit.RegVal(4), 0);
+        EXPECT_FALSE(fit.Solved());
+    }
+    EXPECT_EQ(fit.ReturnRegEq(), "f(x) = 0");
+    // A point with a new x makes the system regular again.
+    ASSERT_FALSE(fit.XYAdd(2, 4));
+    EXPECT_TRUE(fit.RegVal(0));
+    EXPECT_TRUE(fit.Solved());
+}
+
+TEST(RegressionObject, DegreeWriteChecksRangeAndEmpties) {
+    // {value, accepted}
+    const std::pair<int, bool> cases[] = {{0, true},
+                                          {1, true},
+                                          {25, true},
+                                          {26, false},
+                                          {-1, false},
+                                          {2147483647, false},
+                                          {-2147483647 - 1, false}};
+    for (const auto& [value, accepted] : cases) {
+        SCOPED_TRACE(value);
+        RegressionObject fit = Fit(3, {{1, 2}, {2, 3}});
+        ASSERT_TRUE(fit.RegVal(0));
+        const std::optional<RegressionFailure> failure = fit.SetDegree(value);
+        ASSERT_EQ(!failure, accepted);
+        if (accepted) {
+            EXPECT_EQ(fit.Degree(), value);
+            EXPECT_EQ(fit.XYCount(), 0);
+            EXPECT_EQ(fit.ReturnRegEq(), "f(x) =");
+        } else {
+            EXPECT_EQ(failure->Number, 6000);
+            EXPECT_EQ(failure->Source, "RegressionObject");
+            EXPECT_EQ(failure->Description,
+                      std::to_string(value) +
+                          " is an invalid property value! Use 0<= Degree <= 25");
+            // Nothing changed: degree, count and the solved fit.
+            EXPECT_EQ(fit.Degree(), 3);
+            EXPECT_EQ(fit.XYCount(), 2);
+            EXPECT_TRUE(fit.Solved());
+            EXPECT_EQ(fit.ReturnRegEq(), "f(x) =  x + 1");
+        }
+    }
+    // Writing the same degree empties as well.
+    RegressionObject fit = Fit(1, {{1, 2}});
+    EXPECT_FALSE(fit.SetDegree(fit.Degree()));
+    EXPECT_EQ(fit.XYCount(), 0);
+}
+
+TEST(RegressionObject, OverflowReachesTheCallerWithSumsAsFarAsTheyGot) {
+    struct Case {
+        const char* what;
+        int degree;
+        double x, y;
+        bool fails;
+        double valueAt0; // the fit of the one point, at x = 0
+    };
+    // clang-format off
+    const Case cases[] = {
+        // y * x overflows in the first moment; the constant already holds y.
+        {"x and y 1E200 at degree 1", 1, 1e200, 1e200, true, 1e200},
+        // x^2 overflows; count and the first sums are in, the constant is y.
+        {"x 1E200 at degree 2", 2, 1e200, 1, true, 1},
+        {"x 1E200 at degree 0", 0, 1e200, 7, false, 7},
+        {"y infinite", 1, 1, INFINITY, true, 0},
+        {"x not a number", 2, NAN, 1, true, 1},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        RegressionObject fit;
+        ASSERT_FALSE(fit.SetDegree(c.degree));
+        const std::optional<RegressionFailure> failure = fit.XYAdd(c.x, c.y);
+        ASSERT_EQ(failure.has_value(), c.fails);
+        if (failure) {
+            EXPECT_EQ(failure->Number, OverflowFailure);
+        }
+        EXPECT_EQ(fit.XYCount(), 1);
+        EXPECT_EQ(fit.RegVal(0), c.valueAt0);
+    }
+
+    // A value whose power overflows is no value; one that only comes near is.
+    RegressionObject parabola = Fit(2, {{0, 0}, {1, 1}, {2, 4}});
+    EXPECT_FALSE(parabola.RegVal(1e200));
+    EXPECT_FALSE(parabola.RegVal(-1e155));
+    EXPECT_TRUE(parabola.RegVal(1e150));
+    // A fit whose value is near the largest Double overflows when it is multiplied further.
+    RegressionObject steep = Fit(1, {{0, 0}, {1, 1e300}});
+    EXPECT_TRUE(steep.RegVal(100));
+    EXPECT_FALSE(steep.RegVal(1e10));
+}
+
+} // namespace
+} // namespace vt::test

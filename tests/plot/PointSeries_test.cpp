@@ -1,0 +1,247 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "plot/PointSeries.h"
+#include "plot/RegressionOverlay.h"
+#include "plot/PlotTesting.h"
+#include "plot/View.h"
+#include "base/NumberText.h"
+
+namespace vt::test {
+namespace {
+
+// A session in regression mode with its graph box, the panel bound.
+struct RegressionSession : PlotSession {
+    RegressionSession() {
+        mnuPtSeries_Click(s);
+        box.Forget();
+    }
+    InsertOutcome Insert(const std::string& x, const std::string& y) {
+        s.Panel.Text2 = x;
+        s.Panel.Text3 = y;
+        return Command4_Click(s);
+    }
+    std::vector<std::pair<double, double>> Stored() const {
+        std::vector<std::pair<double, double>> out;
+        for (int i = 0; i < std::min(s.FitObject.XYCount(), PointsCapacity); ++i)
+            out.emplace_back(s.Points(i).X, s.Points(i).Y);
+        return out;
+    }
+    std::size_t Circles() const {
+        std::size_t n = 0;
+        for (const std::string& line : box.Log)
+            n += line.rfind("Circle", 0) == 0;
+        return n;
+    }
+};
+
+TEST(PointSeries, InsertTakesNumericTextOnly) {
+    // {X text, Y text, outcome, stored point}
+    struct Case {
+        const char* x;
+        const char* y;
+        InsertOutcome outcome;
+        double storedX, storedY;
+    };
+    const Case cases[] = {
+        {"1", "2", InsertOutcome::Added, 1, 2},
+        {"1e3", " -.5 ", InsertOutcome::Added, 1000, -0.5},
+        {"1", "", InsertOutcome::Refused, 0, 0},
+        {"abc", "1", InsertOutcome::Refused, 0, 0},
+        {"1,5", "1", InsertOutcome::Refused, 0, 0},
+        // x * y overflows in the fit's sums: counted, not stored, no message.
+        {"1E200", "1E200", InsertOutcome::Failed, 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.x) + " , " + c.y);
+        RegressionSession g;
+        EXPECT_EQ(g.Insert(c.x, c.y), c.outcome);
+        const bool refused = c.outcome == InsertOutcome::Refused;
+        EXPECT_EQ(g.host.Messages(), refused ? Texts{"X and Y must be numbers."} : Texts{});
+        EXPECT_EQ(g.s.FitObject.XYCount(), refused ? 0 : 1);
+        EXPECT_EQ(g.s.Points(0).X, c.storedX);
+        EXPECT_EQ(g.s.Points(0).Y, c.storedY);
+        // Only an added point redraws; the boxes keep their text either way.
+        EXPECT_EQ(g.box.Clears, c.outcome == InsertOutcome::Added ? 1 : 0);
+        EXPECT_EQ(g.s.Panel.Text2, c.x);
+    }
+}
+
+TEST(PointSeries, FiveHundredPointsFitTheSeriesAndTheNextIsOnlyCounted) {
+    RegressionSession g;
+    for (int i = 1; i <= PointsCapacity; ++i)
+        ASSERT_EQ(g.Insert(std::to_string(i), std::to_string(2 * i)), InsertOutcome::Added);
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1.size(), 502u);
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1[500], (PointTableRow{"500", "1000"}));
+
+    g.box.Forget();
+    EXPECT_EQ(g.Insert("0", "7"), InsertOutcome::Failed);
+    EXPECT_EQ(g.box.Clears, 0);
+    EXPECT_EQ(g.s.FitObject.XYCount(), 501);
+    EXPECT_EQ(g.s.Points(PointsCapacity - 1).X, 500);
+    // The fit holds the point; Points and the table do not.
+    EXPECT_NE(*g.s.FitObject.RegVal(0), 0);
+    RedrawRegression(g.s);
+    EXPECT_EQ(g.Circles(), 500u);
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1.size(), 503u);
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1[501], (PointTableRow{"", ""}));
+    // Such a series cannot change its trend: nothing is emptied.
+    g.s.Panel.Combo1 = "3";
+    EXPECT_FALSE(Command3_Click(g.s));
+    EXPECT_EQ(g.s.FitObject.XYCount(), 501);
+    EXPECT_EQ(g.s.FitObject.Degree(), 1);
+}
+
+TEST(PointSeries, TrendChangeReplaysThePointsInOrderThroughTheirText) {
+    RegressionSession g;
+    // No points: the degree still changes, and nothing is fed.
+    g.s.Panel.Combo1 = "10";
+    EXPECT_TRUE(Command3_Click(g.s));
+    EXPECT_EQ(g.s.FitObject.Degree(), 10);
+    EXPECT_EQ(g.s.FitObject.XYCount(), 0);
+
+    for (int i = 0; i < 20; ++i)
+        ASSERT_TRUE(AddSeriesPoint(g.s, (i * 7 % 20) / 3.0, std::sqrt(i + 0.5)));
+    const auto before = g.Stored();
+
+    // {step, degree afterwards}: the order list acts only while Polynomial is on.
+    const std::pair<bool (*)(Session&), int> steps[] = {
+        {Command1_Click, 1}, {Combo1_Click, 1}, {Command3_Click, 10}, {Combo1_Click, 10}};
+    for (const auto& [step, degree] : steps) {
+        ASSERT_TRUE(step(g.s));
+        EXPECT_EQ(g.s.FitObject.Degree(), degree);
+        EXPECT_EQ(g.s.FitObject.XYCount(), 20);
+        const auto after = g.Stored();
+        ASSERT_EQ(after.size(), before.size());
+        for (std::size_t i = 0; i < after.size(); ++i) {
+            // Fifteen significant digits survive; 1/3 comes back as 0.333333333333333.
+            EXPECT_EQ(after[i].first, RoundToNumberText(before[i].first)) << i;
+            EXPECT_EQ(after[i].second, RoundToNumberText(before[i].second)) << i;
+        }
+    }
+    EXPECT_EQ(g.s.Points(3).X, 0.333333333333333);
+    g.s.Panel.Combo1 = "4";
+    ASSERT_TRUE(Combo1_Click(g.s));
+    EXPECT_EQ(g.s.FitObject.Degree(), 4);
+}
+
+TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
+    RegressionSession g;
+    // No points: the empty graph and only the headings.
+    RedrawRegression(g.s);
+    EXPECT_EQ(g.box.Clears, 1);
+    EXPECT_EQ(g.Circles(), 0u);
+    EXPECT_TRUE(g.box.StrokesIn(g.s.Picture1(5), g.s.Slider1).empty());
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1, (std::vector<PointTableRow>{{"X", "Y"}, {"", ""}}));
+
+    g.s.Panel.Combo1 = "2";
+    Command3_Click(g.s);
+    for (auto [x, y] : {std::pair{"0", "0"}, {"1", "1"}, {"-2", "4"}, {"0.5", "1E-07"}})
+        ASSERT_EQ(g.Insert(x, y), InsertOutcome::Added);
+    g.s.Picture1(5) = 0x123456;
+    g.s.Slider1 = 5;
+    g.box.Forget();
+    RedrawRegression(g.s);
+
+    // One unbroken polyline over the view, in the line swatch's colour and the slider's width.
+    const auto curve = g.box.StrokesIn(0x123456, 5);
+    // -20..20 by 0.05, the step added up: the sum passes 20 just before the last sample.
+    ASSERT_EQ(curve.size(), 800u);
+    for (std::size_t i = 1; i < curve.size(); ++i) {
+        EXPECT_EQ(curve[i].X1, curve[i - 1].X2);
+        EXPECT_EQ(curve[i].Y1, curve[i - 1].Y2);
+    }
+    for (const auto& stroke : curve) {
+        const double x = stroke.X2;
+        EXPECT_NEAR(stroke.Y2, *g.s.FitObject.RegVal(x), 1e-3 * (1 + std::fabs(stroke.Y2)));
+    }
+    EXPECT_EQ(curve.front().X1, -20);
+    // Circles of radius 0.2 in the points' colour, filled with it.
+    EXPECT_EQ(g.Circles(), 4u);
+    EXPECT_NE(std::find_if(g.box.Log.begin(), g.box.Log.end(),
+                           [](const std::string& line) {
+                               return line.rfind("Circle -2,4 r=0.2 color=16711680 fill=16711680",
+                                                 0) == 0;
+                           }),
+              g.box.Log.end());
+    const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},       {"1", "1"},
+                                              {"-2", "4"}, {"0.5", "1E-07"}, {"", ""}};
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1, table);
+    EXPECT_TRUE(g.s.Panel.ScrollTableToEnd);
+
+    // Clearing empties fit and table, keeps the degree, and leaves the empty graph.
+    g.box.Forget();
+    ClearSeries(g.s);
+    EXPECT_EQ(g.s.FitObject.XYCount(), 0);
+    EXPECT_EQ(g.s.FitObject.Degree(), 2);
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1, (std::vector<PointTableRow>{{"X", "Y"}, {"", ""}}));
+    EXPECT_EQ(g.Circles(), 0u);
+}
+
+TEST(RegressionOverlay, OutOfRangeValuesAreSkippedNotDrawn) {
+    // {view, points}: a steep fit whose values leave single precision at the edges, and a
+    // view of no width, whose step is 0 and draws no curve at all.
+    RegressionSession g;
+    Command3_Click(g.s); // order 2
+    ASSERT_TRUE(AddSeriesPoint(g.s, 0, 0));
+    ASSERT_TRUE(AddSeriesPoint(g.s, 1, 1e36));
+    ASSERT_TRUE(AddSeriesPoint(g.s, -1, 1e36));
+    RedrawRegression(g.s);
+    const auto curve = g.box.StrokesIn(g.s.Picture1(5), g.s.Slider1);
+    EXPECT_GT(curve.size(), 0u);
+    EXPECT_LT(curve.size(), 801u);
+    for (const auto& stroke : curve)
+        EXPECT_TRUE(std::isfinite(stroke.Y2));
+    EXPECT_EQ(g.Circles(), 3u);
+
+    g.box.Forget();
+    g.SetView({0, 0, 0, 0});
+    RedrawRegression(g.s);
+    EXPECT_TRUE(g.box.StrokesIn(g.s.Picture1(5), g.s.Slider1).empty());
+}
+
+TEST(PointSeries, ModeSwitchShowsThePanelAndKeepsTheSeries) {
+    PlotSession g;
+    g.s.MenuEnabled["mnuShade"] = true;
+    EXPECT_EQ(mnuPtSeries_Click(g.s), -1);
+    EXPECT_EQ(g.s.Check1, 1);
+    EXPECT_TRUE(g.s.Panel.Visible);
+    EXPECT_TRUE(g.s.PtSeriesChecked);
+    EXPECT_EQ(g.s.Toolbar1(14).Image, "gra");
+    EXPECT_EQ(g.s.Toolbar1(14).Tip, "Graph Analysis");
+    EXPECT_EQ(g.s.GraphTip, "Click on graph to enter point.");
+    EXPECT_FALSE(g.s.MenuEnabled["mnuInsertPi"]);
+    EXPECT_FALSE(g.s.MenuEnabled["mnuShade"]); // no complete function
+    for (int button : {9, 10, 12, 13})
+        EXPECT_FALSE(g.s.Toolbar1(button).Enabled);
+
+    // A click enters a point rounded half to even; the right button enters none.
+    EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, 2.5f, -3.5f), GraphMouseAction::None);
+    EXPECT_EQ(frmGraph_MouseDown(g.s, RightButton, 0, 1, 1), GraphMouseAction::ShowGraphWindowMenu);
+    EXPECT_EQ(g.s.FitObject.XYCount(), 1);
+    EXPECT_EQ(g.s.Points(0).X, 2);
+    EXPECT_EQ(g.s.Points(0).Y, -4);
+    EXPECT_EQ(g.s.Panel.MSFlexGrid1[1], (PointTableRow{"2", "-4"}));
+
+    g.s.ShownRows = 0;
+    EXPECT_EQ(mnuPtSeries_Click(g.s), 0);
+    EXPECT_EQ(g.s.Check1, 0);
+    EXPECT_FALSE(g.s.Panel.Visible);
+    EXPECT_EQ(g.s.Toolbar1(14).Image, "regress");
+    EXPECT_EQ(g.s.Toolbar1(14).Tip, "Regression Analysis");
+    EXPECT_EQ(g.s.GraphTip, "Drag mouse to select display region.");
+    EXPECT_TRUE(g.s.MenuEnabled["mnuInsertPi"]);
+    EXPECT_TRUE(g.s.Toolbar1(12).Enabled);
+    EXPECT_EQ(g.s.FitObject.XYCount(), 1);
+
+    Command5_Click(g.s);
+    EXPECT_EQ(g.s.RegressionEquation, "f(x) = - 4");
+}
+
+} // namespace
+} // namespace vt::test

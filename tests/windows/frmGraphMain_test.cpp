@@ -1,0 +1,236 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <memory>
+
+#include "commands/MainCommands.h"
+#include "entry/Entry.h"
+#include "render/RasterSurface.h"
+#include "support/QtApp.h"
+#include "support/ScriptedPlatform.h"
+#include "windows/SurfaceView.h"
+#include "windows/frmGraphMain.h"
+
+namespace vt {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A started window, without the splash, with its graph data folder in a temporary folder.
+struct Started {
+    std::unique_ptr<Session> s = std::make_unique<Session>();
+    test::ScriptedPlatform platform;
+    QTemporaryDir programDir;
+    std::unique_ptr<frmGraphMain> window;
+
+    explicit Started(std::string programFolder = {}) {
+        test::QtApp();
+        MainWindowOptions options;
+        options.ShowSplash = false;
+        options.ProgramDir =
+            programFolder.empty() ? programDir.path().toStdString() : std::move(programFolder);
+        window = std::make_unique<frmGraphMain>(*s, platform, options);
+        window->Form_Load();
+        window->activateWindow();
+        for (int i = 0; i < 50 && !window->isActiveWindow(); ++i)
+            QApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    // Keys into a row as the keyboard delivers them: characters, or a key without text.
+    void Type(int row, const std::string& keys) {
+        for (char c : keys)
+            Key(row, 0, QString(QChar::fromLatin1(c)));
+    }
+    void Key(int row, int qtKey, const QString& text = {}) {
+        QKeyEvent press(QEvent::KeyPress, qtKey, Qt::NoModifier, text);
+        QApplication::sendEvent(window->Paper(row), &press);
+    }
+    Colour Pixel(app::SurfaceView* view, int x = 1, int y = 1) const {
+        return render::ColourFromQRgb(view->ShownSurface()->QtImage().pixel(x, y));
+    }
+    bool Enabled(const char* item) const { return window->MenuItem(item)->isEnabled(); }
+};
+
+QStringList Captions(const QList<QAction*>& actions) {
+    QStringList out;
+    for (QAction* action : actions)
+        out << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return out;
+}
+
+} // namespace
+
+TEST(MainWindow, StartsAtTheDesignedGeometry) {
+    Started w;
+    frmGraphMain& m = *w.window;
+    EXPECT_EQ(m.frmGraph()->geometry(), QRect(352, 65, 400, 400));
+    EXPECT_EQ(w.s->Host().GraphBox()->PixelWidth(), 400);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(m.Paper(i)->geometry(), QRect(56, 64 + 56 * i, 289, 41)) << i;
+        EXPECT_EQ(m.Paper(i)->isVisible(), i == 0) << i;
+        EXPECT_EQ(m.Picture1(i)->ShownColour(), w.s->Picture1(i)) << i;
+    }
+    EXPECT_EQ(m.Blinker()->geometry(), QRect(312, 113, 33, 33));
+    // The first paint ran: the axes cross in the middle of the box.
+    EXPECT_EQ(w.Pixel(m.frmGraph(), 200, 100), 0u);
+    EXPECT_TRUE(QDir(w.programDir.filePath(QStringLiteral("Saved Problems"))).exists());
+    EXPECT_EQ(w.s->ActiveSlot, 0);
+    EXPECT_TRUE(m.Paper(0)->hasFocus());
+}
+
+TEST(MainWindow, MenuTreeBuildsTheBarSubmenusSeparatorsAndShortcuts) {
+    Started w;
+    // The Round Options menu is a pop-up of the readout, not in the bar.
+    EXPECT_EQ(Captions(w.window->menuBar()->actions()),
+              (QStringList{"&File", "F&unctions", "Graph &Options", "Graph &Window", "&Help"}));
+    // The trig items in their submenu, and the separators where the tree has them.
+    EXPECT_EQ(Captions(w.window->MenuOf("mnuTrig")->actions()),
+              (QStringList{"Insert &Sine", "Insert &Cosine", "Insert &Tangent"}));
+    std::string separators;
+    for (const QString& caption : Captions(w.window->MenuOf("mnuGraphFile")->actions()))
+        separators += caption == "-" ? '-' : 'i';
+    EXPECT_EQ(separators, "ii-ii-i-i");
+    EXPECT_EQ(w.window->MenuItem("mnuGraphIt")->shortcut().toString(), QStringLiteral("F3"));
+    EXPECT_TRUE(w.window->MenuItem("mnuNearWhole")->isChecked());
+    EXPECT_FALSE(w.window->MenuItem("mnuHideGrid")->isChecked());
+}
+
+TEST(MainWindow, ClearDataAnsweredYesEmptiesTheRowsAndTheirWidgets) {
+    Started w;
+    w.Type(0, "2x");
+    w.window->Blinker()->click();
+    w.Type(1, "x");
+    ASSERT_TRUE(w.window->Paper(1)->isVisible());
+    ASSERT_TRUE(w.window->ToolbarButton(1)->isEnabled());
+    w.platform.MsgBoxAnswers.push_back(MsgResultYes);
+    w.window->MenuItem("mnuClearData")->trigger();
+    EXPECT_EQ(w.platform.Messages(), Texts{ClearDataQuestion});
+    EXPECT_FALSE(w.window->Paper(1)->isVisible());
+    EXPECT_FALSE(w.window->Label1(1)->isVisible());
+    EXPECT_EQ(w.window->Blinker()->geometry().top(), 113);
+    EXPECT_FALSE(w.window->ToolbarButton(1)->isEnabled());
+    EXPECT_FALSE(w.Enabled("mnuGraphIt"));
+    EXPECT_TRUE(w.window->Paper(0)->hasFocus());
+}
+
+TEST(MainWindow, TypingOpensAndClosesTheGraphCommandsAndTheDropDownSetsTheTrigButton) {
+    for (const auto& [keys, open] :
+         {std::pair("1/x", true), {"|x", false}, {"x+", false}, {"", false}}) {
+        SCOPED_TRACE(keys);
+        Started w;
+        w.Type(0, keys);
+        for (int button : {1, 12, 13})
+            EXPECT_EQ(w.window->ToolbarButton(button)->isEnabled(), open) << button;
+        for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
+            EXPECT_EQ(w.Enabled(item), open) << item;
+    }
+    Started w;
+    QToolButton* trig = w.window->ToolbarButton(10);
+    ASSERT_NE(trig->menu(), nullptr);
+    const QList<QAction*> entries = trig->menu()->actions();
+    const auto cosine = Captions(entries).indexOf(QStringLiteral("Insert Cosine"));
+    ASSERT_GE(cosine, 0);
+    entries[cosine]->trigger();
+    EXPECT_EQ(w.s->TokenCount(0), 0);
+    EXPECT_EQ(trig->toolTip(), QStringLiteral("Insert Cosine"));
+    trig->click();
+    EXPECT_EQ(EntryText(*w.s, 0), "C(");
+    EXPECT_TRUE(w.platform.Calls.empty());
+}
+
+TEST(MainWindow, FocusColoursTheRowsAndBlinkerFocusesTheRowAfterTheActiveOne) {
+    Started w;
+    frmGraphMain& m = *w.window;
+    // The colour of each row's background, 'y' pale yellow or 'w' white, and the active row.
+    const auto rows = [&] {
+        std::string out;
+        for (int i = 0; i < 5; ++i)
+            out += w.Pixel(m.Paper(i)) == 0x80FFFF   ? 'y'
+                   : w.Pixel(m.Paper(i)) == 0xFFFFFF ? 'w'
+                                                     : '?';
+        return out + " " + std::to_string(w.s->ActiveSlot);
+    };
+    EXPECT_EQ(rows(), "ywwww 0");
+    for (int i = 1; i <= 3; ++i)
+        m.Blinker()->click();
+    EXPECT_EQ(rows(), "wwwyw 3");
+    m.Blinker()->click();
+    EXPECT_TRUE(m.Paper(4)->isVisible());
+    EXPECT_TRUE(m.Paper(4)->hasFocus());
+    EXPECT_FALSE(m.Blinker()->isVisible());
+    EXPECT_EQ(rows(), "wwwwy 4");
+    // The graph takes the focus: every row white, the active row kept for the menus.
+    m.frmGraph()->setFocus();
+    EXPECT_EQ(rows(), "wwwww 4");
+}
+
+TEST(MainWindow, KeysAndTheMouseReachTheViewAndTheReadout) {
+    Started w;
+    // Navigation keys in a row move the view and type nothing.
+    w.Key(0, Qt::Key_Up);
+    w.Key(0, Qt::Key_End);
+    EXPECT_EQ(std::tuple(w.s->ViewYMax, w.s->ViewXMax), std::tuple(21.0, 30.0));
+    EXPECT_EQ(w.s->TokenCount(0), 0);
+    w.Type(0, "x");
+    w.Key(0, Qt::Key_Backspace);
+    EXPECT_EQ(w.s->TokenCount(0), 0);
+    // The mouse over the graph shows the coordinates in that view, -10..30 by -19..21.
+    for (const auto& [at, readout] : {std::pair(QPoint(200, 200), "x = 10    y = 1"),
+                                      {QPoint(300, 100), "x = 20    y = 11"},
+                                      {QPoint(0, 399), "x = -10    y = -19"}}) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(at), QPointF(at), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(w.window->frmGraph(), &move);
+        EXPECT_EQ(w.window->Label2()->text(), QString::fromUtf8(readout));
+    }
+}
+
+TEST(MainWindow, SavedProblemsGoesToTheUsersDataWhereTheProgramFolderIsClosed) {
+    QStandardPaths::setTestModeEnabled(true);
+    // Nothing can be made under /proc, whoever runs the test.
+    Started w("/proc/veritrace-no-such-folder");
+    const QString expected = QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+                                 .filePath(QStringLiteral("Saved Problems"));
+    EXPECT_EQ(QString::fromStdString(w.s->SavedProblemsDir), expected);
+    EXPECT_TRUE(QDir(expected).exists());
+    QStandardPaths::setTestModeEnabled(false);
+}
+
+TEST(MainWindow, ColourCommandsReachTheSwatchesAndTheGraphAndTheOthersSaySo) {
+    auto w = std::make_unique<Started>();
+    app::SurfaceView* graph = w->window->frmGraph();
+    ASSERT_EQ(w->Pixel(graph, 5, 5), 0xFFFFFFu);
+    w->platform.ColourAnswers.push_back(0x00A0A0);
+    w->window->Picture1(2)->Clicked();
+    EXPECT_EQ(w->window->Picture1(2)->ShownColour(), 0x00A0A0u);
+    EXPECT_EQ(w->platform.Calls.back().Style, 0x00C000);
+    // A cancelled background dialog leaves the grid colour as the background.
+    w->window->MenuClick("mnuBackColor");
+    EXPECT_EQ(w->Pixel(graph, 5, 5), 16766596u);
+    w->window->MenuClick("mnuGraphDefault");
+    EXPECT_EQ(w->Pixel(graph, 5, 5), 0xFFFFFFu);
+    EXPECT_EQ(w->window->Picture1(2)->ShownColour(), 0x00C000u);
+    // Commands without their windows say so; Exit only hides.
+    for (const char* item : {"mnuGraphPrint", "mnuSave", "mnuAbout"})
+        w->window->MenuItem(item)->trigger();
+    EXPECT_EQ(w->platform.Messages(), Texts(3, NotAvailableText));
+    w->window->MenuItem("mnuGraphExit")->trigger();
+    EXPECT_FALSE(w->window->isVisible());
+    EXPECT_EQ(&w->s->Host().Dialogs(), &w->platform);
+    // The window unbinds itself from the session: its commands are no longer there.
+    Session& s = *w->s;
+    w->window.reset();
+    EXPECT_EQ(s.Host().GraphBox(), nullptr);
+    EXPECT_FALSE(s.Host().RunCommand(HostCommand::Shade, 0));
+}
+
+} // namespace vt
