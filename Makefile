@@ -1,8 +1,9 @@
 # Veritrace: the everyday commands. Each one installs what is missing first.
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 CMAKE_FLAGS ?=
+PREFIX ?= /usr/local
 
-.PHONY: all deps build run test test-asan bench fuzz fuzz-smoke clean
+.PHONY: all deps build run test test-asan install bench fuzz fuzz-smoke clean
 
 all: build
 
@@ -30,6 +31,10 @@ test-asan: deps
 	cmake --build build-asan -j $(JOBS)
 	QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
 		ctest --test-dir build-asan --output-on-failure
+
+# Installs the programs and their desktop files under PREFIX (DESTDIR for a staged install).
+install: build
+	cmake --install build --prefix "$(PREFIX)"
 
 bench: deps
 	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DVERITRACE_TESTS=OFF -DVERITRACE_BENCH=ON >/dev/null

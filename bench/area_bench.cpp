@@ -22,11 +22,12 @@ std::unique_ptr<Session> AreaSession() {
     return s;
 }
 
-void Area(benchmark::State& state, EvalPath path) {
+void Area(benchmark::State& state, EvalStrategy strategy) {
     auto s = AreaSession();
+    s->Evaluator.SetStrategy(strategy);
     std::string text;
     for (auto _ : state) {
-        const AreaOutcome outcome = CalculateArea(*s, "-20", "20", "0.0001", 0, path);
+        const AreaOutcome outcome = CalculateArea(*s, "-20", "20", "0.0001", 0);
         text = outcome.Text;
         benchmark::DoNotOptimize(text);
     }
@@ -35,10 +36,10 @@ void Area(benchmark::State& state, EvalPath path) {
 }
 
 void BM_AreaCompiled(benchmark::State& state) {
-    Area(state, EvalPath::Auto);
+    Area(state, EvalStrategy::Compiled);
 }
 void BM_AreaText(benchmark::State& state) {
-    Area(state, EvalPath::Text);
+    Area(state, EvalStrategy::Text);
 }
 
 BENCHMARK(BM_AreaCompiled)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();

@@ -34,9 +34,12 @@ std::vector<double> SpreadOfX() {
     return xs;
 }
 
-template <class Evaluate> void Run(benchmark::State& state, Evaluate evaluate) {
+template <class Evaluate>
+void Run(benchmark::State& state, Evaluate evaluate,
+         vt::EvalStrategy strategy = vt::EvalStrategy::Compiled) {
     const char* keys = TypedFunctions[state.range(0)];
     auto s = SessionWith(keys);
+    s->Evaluator.SetStrategy(strategy);
     const std::vector<double> xs = SpreadOfX();
     std::size_t i = 0;
     for (auto _ : state) {
@@ -48,16 +51,17 @@ template <class Evaluate> void Run(benchmark::State& state, Evaluate evaluate) {
 }
 
 void TextRoute(benchmark::State& state) {
-    Run(state, [](vt::Session& s, double x) {
-        benchmark::DoNotOptimize(vt::CalculateY(s, x, 0, vt::EvalPath::Text));
-    });
+    Run(
+        state, [](vt::Session& s, double x) { benchmark::DoNotOptimize(vt::CalculateY(s, x, 0)); },
+        vt::EvalStrategy::Text);
 }
 
 // What the painter used to do with the text: CalculateY by the text route, read back.
 void TextValue(benchmark::State& state) {
-    Run(state, [](vt::Session& s, double x) {
-        benchmark::DoNotOptimize(vt::CalculateYValue(s, x, 0, vt::EvalPath::Text));
-    });
+    Run(
+        state,
+        [](vt::Session& s, double x) { benchmark::DoNotOptimize(vt::CalculateYValue(s, x, 0)); },
+        vt::EvalStrategy::Text);
 }
 
 void CompiledValue(benchmark::State& state) {
@@ -75,7 +79,7 @@ void CompiledBatch(benchmark::State& state) {
     const std::vector<double> xs = SpreadOfX();
     std::vector<vt::YValue> values(xs.size());
     for (auto _ : state) {
-        vt::CalculateYValues(*s, xs, 0, values);
+        s->Evaluator.Values(0, s->ScriptText(0), xs, values, false);
         benchmark::DoNotOptimize(values.data());
         benchmark::ClobberMemory();
     }

@@ -75,7 +75,7 @@ void PaintFive(benchmark::State& state, bool raster, bool textValues) {
     HeadlessShell host;
     host.Graph = raster ? static_cast<Surface*>(&image) : &none;
     s->BindHost(&host);
-    s->PaintTextValues = textValues;
+    if (textValues) s->Evaluator.SetStrategy(EvalStrategy::Text);
     RedrawGraph(*s);
     if (!s->CurveDrawn) {
         state.SkipWithError("no curve was drawn");

@@ -117,12 +117,19 @@ class Rig {
         return now;
     }
 
+    std::string ByText(int slot, double x) {
+        s_->Evaluator.SetStrategy(EvalStrategy::Text);
+        std::string y = CalculateY(*s_, x, slot);
+        s_->Evaluator.SetStrategy(EvalStrategy::Compiled);
+        return y;
+    }
+
     // What the Graph command needs of the rows: their values, by both routes.
     void Graph() {
         PreCalcFX(*s_);
         for (int slot = 0; slot < UsableSlots; ++slot)
             for (double x : {-1.5, 0.0, 2.0})
-                if (CalculateY(*s_, x, slot) != CalculateY(*s_, x, slot, EvalPath::Text))
+                if (CalculateY(*s_, x, slot) != ByText(slot, x))
                     Fail("the two evaluation routes disagree", slot, rows_[slot]);
     }
 

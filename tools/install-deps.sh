@@ -10,6 +10,7 @@ packages=(
   fonts-dejavu-core fonts-dejavu-extra fonts-liberation2
   python3-fonttools
   xvfb xauth
+  desktop-file-utils appstream libxml2-utils shared-mime-info librsvg2-bin poppler-utils
 )
 
 missing=()

@@ -102,12 +102,12 @@ const char* AreaCheckMessage(AreaCheck check) {
     return "";
 }
 
-double AreaSum(Session& s, double a, double b, double dx, int slot, EvalPath path) {
+double AreaSum(Session& s, double a, double b, double dx, int slot) {
     double area = 0;
     double x = a;
     // A counted loop with its step's sign deciding the end test: a negative step runs only
     // while x is not below b, so with a < b it does not run at all.
-    ValueSweep heights(s, slot, dx, nullptr, path);
+    ValueSweep heights(s, slot, dx);
     if (dx >= 0) {
         for (; x <= b; x += dx)
             area += AreaHeight(heights.At(x)) * dx;
@@ -117,18 +117,18 @@ double AreaSum(Session& s, double a, double b, double dx, int slot, EvalPath pat
     }
     // x stands past b now. Read through its 15-digit text it may fall on b or short of it when
     // the additions drifted; then b itself is sampled once more.
-    if (b >= RoundToNumberText(x)) area += AreaHeight(CalculateYValue(s, b, slot, path)) * dx;
+    if (b >= RoundToNumberText(x)) area += AreaHeight(CalculateYValue(s, b, slot)) * dx;
     return area;
 }
 
 AreaOutcome CalculateArea(Session& s, std::string_view from, std::string_view to,
-                          std::string_view step, int slot, EvalPath path) {
+                          std::string_view step, int slot) {
     AreaOutcome out;
     out.Check = CheckAreaInput(from, to, step);
     if (out.Check != AreaCheck::Ok) return out;
     s.MousePointer = HourglassPointer;
     PreCalcFX(s);
-    out.Value = AreaSum(s, PrefixNumber(from), PrefixNumber(to), PrefixNumber(step), slot, path);
+    out.Value = AreaSum(s, PrefixNumber(from), PrefixNumber(to), PrefixNumber(step), slot);
     out.Text = FormatArea(out.Value);
     s.MousePointer = s.DefaultPointer;
     return out;

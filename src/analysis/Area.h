@@ -33,7 +33,7 @@ const char* AreaCheckMessage(AreaCheck check);
 // growing by repeated addition, each at full weight, and one more at b when accumulated rounding
 // stopped the loop short of it. A sample without a value counts 0. The result is signed.
 // A step of 0 never ends, as in the window; callers that cannot wait refuse it first.
-double AreaSum(Session& s, double a, double b, double dx, int slot, EvalPath path = EvalPath::Auto);
+double AreaSum(Session& s, double a, double b, double dx, int slot);
 
 // What Calculate Area gives: the failed check (its message not shown here), or the area as
 // "0.00##" text.
@@ -45,7 +45,7 @@ struct AreaOutcome {
 // Calculate Area on three texts: the checks, then PreCalcFX and the sum of the slot's function
 // under the hourglass pointer.
 AreaOutcome CalculateArea(Session& s, std::string_view from, std::string_view to,
-                          std::string_view step, int slot, EvalPath path = EvalPath::Auto);
+                          std::string_view step, int slot);
 
 // The session as "Shade Area" and the repaint after it leave it: the band from..to shaded under
 // the last filled row, in the fill style given (0..7, as the drawing surface numbers them).

@@ -62,7 +62,7 @@ int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Veritrace"));
     QApplication::setOrganizationName(QStringLiteral("Orlentis"));
-    QApplication::setDesktopFileName(QStringLiteral("veritrace"));
+    QApplication::setDesktopFileName(QStringLiteral("org.orlentis.Veritrace"));
 
     Arguments args;
     if (!ReadArguments(QApplication::arguments(), args)) return 2;

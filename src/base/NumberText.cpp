@@ -97,7 +97,10 @@ std::string NumberText(double value) {
     const Digits d = SignificantDigits(value);
     std::string out;
     if (d.negative) out += '-';
-    if (d.exponent < -4 || d.exponent >= 15) {
+    // Plain while at most 15 decimals are needed, so 1/3 is plain with its 15 and 1/70, whose
+    // 15 digits start at the second decimal, takes the exponent form.
+    const int decimals = d.count - 1 - d.exponent;
+    if (decimals > 15 || d.exponent >= 15) {
         out += d.digit[0];
         if (d.count > 1) {
             out += '.';
@@ -193,7 +196,10 @@ void RoundToNumberTextMany(const double* in, int n, double* out) {
     }
 }
 
-std::size_t ReadDecimal(std::string_view text, double& value, bool& overflow) {
+namespace {
+
+// ReadDecimal, and with exponentD "D" (or "d") marks an exponent as well as "E".
+std::size_t ReadNumber(std::string_view text, double& value, bool& overflow, bool exponentD) {
     value = 0;
     overflow = false;
     std::size_t i = 0;
@@ -207,22 +213,39 @@ std::size_t ReadDecimal(std::string_view text, double& value, bool& overflow) {
             ++i, digits = true;
     }
     if (!digits) return 0;
-    if (i < n && (text[i] == 'e' || text[i] == 'E')) {
+    const auto exponentMark = [&](char c) {
+        return c == 'e' || c == 'E' || (exponentD && (c == 'd' || c == 'D'));
+    };
+    std::size_t mark = n; // where an exponent starts, if there is one
+    if (i < n && exponentMark(text[i])) {
         std::size_t j = i + 1;
         if (j < n && (text[j] == '+' || text[j] == '-')) ++j;
         if (j < n && IsDigit(text[j])) {
             while (j < n && IsDigit(text[j]))
                 ++j;
+            mark = i;
             i = j;
         }
     }
-    const std::string_view number = text.substr(0, i);
+    std::string_view number = text.substr(0, i);
+    std::string withE; // the number as the conversion reads it, a "D" mark made an "E"
+    if (mark < n && (text[mark] == 'd' || text[mark] == 'D')) {
+        withE.assign(number);
+        withE[mark] = 'E';
+        number = withE;
+    }
     const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
     if (read.ec == std::errc::result_out_of_range) {
         value = 0;
         overflow = IsTooLarge(number);
     }
     return i;
+}
+
+} // namespace
+
+std::size_t ReadDecimal(std::string_view text, double& value, bool& overflow) {
+    return ReadNumber(text, value, overflow, false);
 }
 
 double PrefixNumber(std::string_view text) {
@@ -233,7 +256,7 @@ double PrefixNumber(std::string_view text) {
     if (i < text.size() && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
     double value = 0;
     bool overflow = false;
-    if (ReadDecimal(text.substr(i), value, overflow) == 0 || overflow || value == 0) return 0;
+    if (ReadNumber(text.substr(i), value, overflow, true) == 0 || overflow || value == 0) return 0;
     return negative ? -value : value;
 }
 
@@ -246,7 +269,7 @@ bool IsNumericText(std::string_view text) {
     if (i < n && (text[i] == '+' || text[i] == '-')) ++i;
     double value = 0;
     bool overflow = false;
-    const std::size_t taken = ReadDecimal(text.substr(i, n - i), value, overflow);
+    const std::size_t taken = ReadNumber(text.substr(i, n - i), value, overflow, true);
     return taken > 0 && i + taken == n && !overflow;
 }
 

@@ -16,11 +16,12 @@
 namespace vt {
 
 // The general text form of a Double: at most 15 significant digits (rounded half to even on the
-// exact binary value), no trailing zeros, "-0" written "0". Plain decimals while the decimal
-// exponent of the rounded value lies from -5 to 14 (0.0001 up to 999999999999999); exponent form
-// outside, with at least two exponent digits: 0.00001 is "1E-05", 1E15 is "1E+15",
-// 123456789012345678 is "1.23456789012346E+17". Infinite and NaN values, which no evaluation
-// yields, are written "INF", "-INF" and "NAN".
+// exact binary value), no trailing zeros, "-0" written "0". Plain decimals while they need at
+// most 15 digits after the point and the value is below 1E15; the exponent form otherwise, with
+// at least two exponent digits. So 0.00001 and 0.000000000000001 are plain, and so are
+// 0.333333333333333 and 123456789012345; 1/70 is "1.42857142857143E-02" (its 15 digits would
+// need 16 decimals), 1E-16 is "1E-16", 1E15 is "1E+15". Infinite and NaN values, which no
+// evaluation yields, are written "INF", "-INF" and "NAN".
 std::string NumberText(double value);
 
 // The Double that NumberText(value) reads back as through PrefixNumber: value rounded to 15
@@ -28,20 +29,21 @@ std::string NumberText(double value);
 inline double RoundToNumberText(double value);
 
 // The leading number of a text: blanks and tabs before it skipped, then an optional sign and a
-// decimal number with "." as the only mark (".5", "5.", "1E-07"). An exponent is taken only with
-// its digits: "1e" and "1e+" read as 1. 0 when the text does not start with a number ("NA", "",
+// decimal number with "." as the only mark (".5", "5.", "1E-07", and "1D2" with the other
+// exponent mark). An exponent is taken only with its digits: "1e" and "1D+" read as 1. 0 when the
+// text does not start with a number ("NA", "",
 // "&H10", "1,5" reads 1), and 0 too for a number beyond the range of a Double ("1E400").
 double PrefixNumber(std::string_view text);
 
 // Whether a text as a whole reads as a number: blanks and tabs around it, an optional sign, then
 // exactly what PrefixNumber reads, within the range of a Double. So " -.5 ", "1e2" and "5." are
-// numbers; "", ".", "1e", "1,5", "1,5x", "&H10", "- 5" and "1E400" are not.
+// numbers, and so is "1D2"; "", ".", "1e", "1,5", "1,5x", "&H10", "- 5" and "1E400" are not.
 bool IsNumericText(std::string_view text);
 
 // Reads an unsigned decimal number at the very start of text (digits with an optional "." and an
-// optional exponent, at least one digit before the exponent). Returns how many characters it
-// took, 0 when there is no number. value gets the nearest Double; a number too large for a Double
-// sets overflow, one too small for it reads as 0.
+// optional "E" exponent, at least one digit before the exponent): the numbers of an expression.
+// Returns how many characters it took, 0 when there is no number. value gets the nearest Double; a
+// number too large for a Double sets overflow, one too small for it reads as 0.
 std::size_t ReadDecimal(std::string_view text, double& value, bool& overflow);
 
 // Rounding to digits decimals (0 to 22; fewer count as 0), half to even. The tie is judged on the

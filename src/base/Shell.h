@@ -24,6 +24,7 @@ enum class HostCommand {
     Save,
     Load, // also loads CommandFile at start
     BitMap,
+    CopyGraph, // the graph box to the clipboard
     Evaluate,  // frmEvalFX
     Shade,     // frmFillRange
     LineWidth, // frmLineWidth

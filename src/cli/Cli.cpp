@@ -81,6 +81,36 @@ void AddJsonOption(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption("json", "Print one JSON object instead of text."));
 }
 
+void AddPictureOptions(QCommandLineParser& parser) {
+    parser.addOption(QCommandLineOption(
+        "format", "The kind of picture, when not the one of the output's extension.", "FORMAT"));
+    parser.addOption(QCommandLineOption(
+        "scale", "Draw N times as many pixels with the same geometry (1 to 8, default 1).", "N"));
+}
+
+std::optional<PictureChoice> PictureOptions(const QCommandLineParser& parser, const char* command,
+                                            const std::vector<render::PictureFormat>& allowed,
+                                            Output& out) {
+    const std::string name = std::string("veritrace-cli ") + command + ": ";
+    const auto chosen =
+        render::PictureFormatFor(parser.value("output"), parser.value("format"), allowed);
+    if (!chosen) {
+        BadArgument(out, name + "the picture must be " + render::PictureFormatList(allowed) +
+                             " (by the extension of -o, or --format)");
+        return std::nullopt;
+    }
+    PictureChoice choice{*chosen, 1};
+    if (parser.isSet("scale")) {
+        const auto n = render::PictureScaleFrom(parser.value("scale"));
+        if (!n) {
+            BadArgument(out, name + "--scale takes a whole number from 1 to 8");
+            return std::nullopt;
+        }
+        choice.Scale = *n;
+    }
+    return choice;
+}
+
 std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& arguments,
                                  Output& out) {
     const QCommandLineOption help = parser.addHelpOption();

@@ -11,6 +11,8 @@
 #include <variant>
 #include <vector>
 
+#include "render/PictureFile.h"
+
 namespace vt::cli {
 
 // Exit codes: 0 done, 1 the input was refused (a message says why), 2 bad arguments, and work
@@ -58,6 +60,21 @@ void AddJsonOption(QCommandLineParser& parser);
 // usage). None when the options are there to be read.
 std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& arguments,
                                  Output& out);
+
+// Adds --format and --scale, for the commands that write a picture.
+void AddPictureOptions(QCommandLineParser& parser);
+inline const std::vector<render::PictureFormat> AllPictureFormats = {
+    render::PictureFormat::Png, render::PictureFormat::Bmp, render::PictureFormat::Svg,
+    render::PictureFormat::Pdf};
+// What --format (or else the extension of -o) and --scale ask for, among `allowed`.
+struct PictureChoice {
+    render::PictureFormat Format = render::PictureFormat::Png;
+    int Scale = 1;
+};
+// The picture options; none, after the usage message naming the command, when either is wrong.
+std::optional<PictureChoice> PictureOptions(const QCommandLineParser& parser, const char* command,
+                                            const std::vector<render::PictureFormat>& allowed,
+                                            Output& out);
 
 // The most keys one -k may give. A row holds 2001 tokens, and every key, taken or refused,
 // rebuilds the whole row, so a longer string only costs time: ten thousand keys take seconds.

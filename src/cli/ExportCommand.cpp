@@ -1,7 +1,5 @@
 // veritrace-cli export: the graph box painted as the window paints it, written to an image.
 
-#include <QFileInfo>
-#include <QImage>
 #include <QJsonArray>
 
 #include "analysis/Area.h"
@@ -12,6 +10,7 @@
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
 #include "base/NumberText.h"
+#include "render/PictureFile.h"
 
 namespace vt::cli {
 
@@ -58,11 +57,13 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Paints the graph box of the functions as the window does (400 by 400 pixels) and\n"
-        "writes it as a BMP or PNG image. With --auto the view is first scaled as the toolbar's\n"
-        "Graph button scales it. A view too large or too narrow to paint is refused.");
+        "writes it as a PNG or BMP image, or as SVG or PDF with lines and text as vectors.\n"
+        "With --auto the view is first scaled as the toolbar's Graph button scales it. A view\n"
+        "too large or too narrow to paint is refused.");
     AddKeysOption(parser);
-    parser.addOption(
-        QCommandLineOption({"o", "output"}, "The image to write (.bmp or .png).", "FILE"));
+    parser.addOption(QCommandLineOption(
+        {"o", "output"}, "The picture to write (.png, .bmp, .svg or .pdf).", "FILE"));
+    AddPictureOptions(parser);
     parser.addOption(QCommandLineOption("view", "The view before painting (default -20,20,-20,20).",
                                         "XMIN,XMAX,YMIN,YMAX"));
     parser.addOption(QCommandLineOption("auto", "Scale the view as the Graph button does."));
@@ -82,13 +83,12 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
 
     const QString output = parser.value("output");
     if (output.isEmpty())
-        return BadArgument(
-            out, "veritrace-cli export: give the image to write with -o FILE.bmp or FILE.png");
-    const QString suffix = QFileInfo(output).suffix().toLower();
-    if (suffix != "bmp" && suffix != "png")
-        return BadArgument(out, "veritrace-cli export: the image must end in .bmp or .png: " +
-                                    output.toStdString());
+        return BadArgument(out, "veritrace-cli export: give the picture to write with -o "
+                                "FILE.png, .bmp, .svg or .pdf");
+    const auto picture = PictureOptions(parser, "export", AllPictureFormats, out);
+    if (!picture) return ExitUsage;
     job.ImagePath = output.toStdString();
+    job.Picture = *picture;
 
     if (parser.isSet("view")) {
         const auto view = ParseView(parser.value("view").toStdString());
@@ -120,7 +120,10 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
 int RunExport(const ExportJob& job, Output& out) {
     HeadlessSession headless;
     Session& s = headless.S();
-    render::RasterSurface& box = headless.AttachGraphBox(GraphBoxPixels, GraphBoxPixels);
+    render::PictureFile picture(QString::fromStdString(job.ImagePath), job.Picture.Format,
+                                GraphBoxPixels, GraphBoxPixels, job.Picture.Scale);
+    Surface& box = picture.SurfaceAt(0, 0, GraphBoxPixels, GraphBoxPixels);
+    headless.LendGraphBox(box);
 
     // As the window starts: the empty graph is painted once before anything is typed.
     RedrawGraph(s);
@@ -137,10 +140,8 @@ int RunExport(const ExportJob& job, Output& out) {
     else
         RedrawGraph(s);
 
-    const QString path = QString::fromStdString(job.ImagePath);
-    const bool bitmap = QFileInfo(path).suffix().toLower() == "bmp";
-    if (!box.QtImage().save(path, bitmap ? "BMP" : "PNG")) {
-        out.Error("veritrace-cli export: could not write " + job.ImagePath);
+    if (std::string error; !picture.Finish(error)) {
+        out.Error("veritrace-cli export: " + error);
         return ExitRefused;
     }
 

@@ -33,6 +33,15 @@ render::RasterSurface& HeadlessSession::AttachGraphBox(int pixelWidth, int pixel
     return *graphBox_;
 }
 
+void HeadlessSession::LendGraphBox(Surface& box) {
+    render::LoadBundledFonts();
+    host_.Graph = &box;
+}
+
+void HeadlessSession::LendRow(int slot, Surface& row) {
+    host_.Papers[static_cast<std::size_t>(slot)] = &row;
+}
+
 void HeadlessSession::LoadRows(const std::vector<std::string>& keys) {
     ReplayRows(*session_, keys);
 }

@@ -31,6 +31,10 @@ class HeadlessSession {
     // Gives the session a graph box of the size given, in pixels.
     render::RasterSurface& AttachGraphBox(int pixelWidth, int pixelHeight);
 
+    // Lends the session a surface of the caller's as the graph box, or as a row's.
+    void LendGraphBox(Surface& box);
+    void LendRow(int slot, Surface& row);
+
     // Fills the rows from the key strings, rows 0 upward, as loading a graph data file does.
     void LoadRows(const std::vector<std::string>& keys);
 

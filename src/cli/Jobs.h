@@ -49,7 +49,8 @@ struct ShadeBand {
 };
 struct ExportJob {
     std::vector<std::string> Keys;
-    std::string ImagePath; // ends in .bmp or .png
+    std::string ImagePath;
+    PictureChoice Picture;
     ViewBounds View;
     std::optional<ShadeBand> Shade;
     bool Auto = false, HideGrid = false, Quadrants = false, Json = false;
@@ -60,7 +61,8 @@ int RunExport(const ExportJob& job, Output& out);
 // equation: the typeset rows stacked in one image.
 struct EquationJob {
     std::vector<std::string> Keys;
-    std::string ImagePath; // ends in .bmp or .png
+    std::string ImagePath;
+    PictureChoice Picture;
 };
 Parsed<EquationJob> ParseEquation(const QStringList& arguments, Output& out);
 int RunEquation(const EquationJob& job, Output& out);

@@ -261,6 +261,7 @@ void RunMenuCommand(Session& s, const std::string& name) {
         {"mnuSave", [](Session& x) { Run(x, HostCommand::Save); }},
         {"mnuLoad", [](Session& x) { Run(x, HostCommand::Load); }},
         {"mnuBitMap", [](Session& x) { Run(x, HostCommand::BitMap); }},
+        {"mnuCopyGraph", [](Session& x) { Run(x, HostCommand::CopyGraph); }},
         {"mnuGraphIt", mnuGraphIt_Click},
         {"mnuInsertF", mnuInsertF_Click},
         {"mnuClearData", mnuClearData_Click},

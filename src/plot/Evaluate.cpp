@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "base/NumberText.h"
-#include "plot/Expression.h"
 
 namespace vt {
 
@@ -27,67 +26,20 @@ void ReplaceAll(std::string& text, std::string_view from, std::string_view to) {
     text = std::move(out);
 }
 
-// Whether the slot runs on its compiled program. Normally PreCalcFX compiled it; a ScriptText
-// written since is compiled here.
-bool CompiledRoute(Session& s, int slot) {
-    if (slot < 0 || slot >= UsableSlots) return false;
-    const std::string& script = s.ScriptText(slot);
-    CompiledScript& compiled = s.CompiledScripts(slot);
-    if (!compiled.IsCompiledFrom(script)) compiled.Compile(script);
-    return compiled.Applies();
-}
-
-// The x that go through the text even where the slot is compiled: the text of x reads back as
-// 0 only for x = 0 and for x just below the largest Double, whose 15 digits overflow when the
-// evaluator reads them; and no text of an x that is no number reads back as it.
-bool XTakesText(double x, double xRead) {
-    return !std::isfinite(x) || (xRead == 0 && x != 0);
-}
-
-// The compiled route, where it applies; false leaves the value to the text route.
-bool EvaluateCompiled(Session& s, double x, int slot, EvalResult& result) {
-    if (!CompiledRoute(s, slot)) return false;
-    const double xRead = RoundToNumberText(x);
-    if (XTakesText(x, xRead)) return false;
-    result = s.CompiledScripts(slot).Evaluate(xRead);
-    return true;
-}
-
-// What the text of CalculateY reads back as, given the value of the result read through its text.
-YValue ValueOf(EvalResult::Kind kind, double valueRead) {
-    switch (kind) {
-    case EvalResult::Value:
-        return {YValue::Number, valueRead};
-    case EvalResult::Empty:
-        return {YValue::Number, 0};
-    default:
-        return {YValue::NotAvailable, 0};
-    }
-}
-
-YValue ValueOf(const EvalResult& r) {
-    return ValueOf(r.kind, RoundToNumberText(r.value));
-}
-
-// The value of a slot at x by the text route. A slot outside 0..4 fails like any evaluation:
-// ScriptText has five entries and its subscript error is caught here.
-[[gnu::noinline]] EvalResult EvaluateByText(Session& s, double x, int slot) {
+// The slot's text, or none for a slot outside 0..4: ScriptText has five entries and its
+// subscript error is a failure like any other of the evaluation.
+const std::string* ScriptOf(Session& s, int slot) {
     try {
-        // x goes in as its text, bare: a negative x brings its minus sign into the expression,
-        // and digits beside x join its text ("x3.1415926538" reads 23.1415926538 at x = 2, and
-        // is no number at 2.5).
-        std::string spliced = s.ScriptText(slot);
-        ReplaceAll(spliced, "x", NumberText(x));
-        return EvaluateExpression(spliced);
+        return &s.ScriptText(slot);
     } catch (const SubscriptError&) {
-        return {EvalResult::Failure, 0};
+        return nullptr;
     }
 }
 
-EvalResult EvaluateAt(Session& s, double x, int slot, EvalPath path) {
-    EvalResult result;
-    if (path == EvalPath::Auto && EvaluateCompiled(s, x, slot, result)) return result;
-    return EvaluateByText(s, x, slot);
+EvalResult EvaluateAt(Session& s, double x, int slot) {
+    const std::string* script = ScriptOf(s, slot);
+    if (!script) return {EvalResult::Failure, 0};
+    return s.Evaluator.Evaluate(slot, *script, x, s.BracketNegativeX);
 }
 
 } // namespace
@@ -115,12 +67,12 @@ void PreCalcFX(Session& s) {
             ReplaceAll(text, digitX, digitTimesX);
         }
         s.ScriptText(slot) = text;
-        s.CompiledScripts(slot).Compile(text);
+        s.Evaluator.Prepare(slot, text);
     }
 }
 
-std::string CalculateYEval(Session& s, double x, int slot, EvalPath path) {
-    const EvalResult r = EvaluateAt(s, x, slot, path);
+std::string CalculateYEval(Session& s, double x, int slot) {
+    const EvalResult r = EvaluateAt(s, x, slot);
     switch (r.kind) {
     case EvalResult::Value:
         return NumberText(r.value);
@@ -131,58 +83,30 @@ std::string CalculateYEval(Session& s, double x, int slot, EvalPath path) {
     }
 }
 
-std::string CalculateY(Session& s, double x, int slot, EvalPath path) {
-    std::string text = CalculateYEval(s, x, slot, path);
+std::string CalculateY(Session& s, double x, int slot) {
+    std::string text = CalculateYEval(s, x, slot);
     return text.empty() ? "0" : text;
 }
 
-std::string CalculateYArea(Session& s, double x, int slot, EvalPath path) {
-    std::string text = CalculateYEval(s, x, slot, path);
+std::string CalculateYArea(Session& s, double x, int slot) {
+    std::string text = CalculateYEval(s, x, slot);
     return text.empty() || text == "NA" ? "0" : text;
 }
 
-YValue CalculateYValue(Session& s, double x, int slot, EvalPath path) {
-    if (path == EvalPath::Text) {
-        const std::string text = CalculateY(s, x, slot, path);
-        if (text == "NA") return {YValue::NotAvailable, 0};
-        return {YValue::Number, PrefixNumber(text)};
-    }
-    return ValueOf(EvaluateAt(s, x, slot, path));
+YValue CalculateYValue(Session& s, double x, int slot) {
+    const std::string* script = ScriptOf(s, slot);
+    if (!script) return {YValue::NotAvailable, 0};
+    return s.Evaluator.Value(slot, *script, x, s.BracketNegativeX);
 }
 
-void CalculateYValues(Session& s, std::span<const double> xs, int slot, std::span<YValue> out,
-                      EvalPath path) {
-    if (path != EvalPath::Auto || !CompiledRoute(s, slot)) {
-        for (std::size_t i = 0; i < xs.size(); ++i)
-            out[i] = CalculateYValue(s, xs[i], slot, path);
-        return;
-    }
-    const CompiledScript& compiled = s.CompiledScripts(slot);
-    constexpr int Lanes = ExpressionProgram::Lanes;
-    for (std::size_t start = 0; start < xs.size(); start += Lanes) {
-        const int n = static_cast<int>(std::min<std::size_t>(Lanes, xs.size() - start));
-        const double* x = xs.data() + start;
-        double xRead[Lanes];
-        RoundToNumberTextMany(x, n, xRead);
-        EvalResult results[Lanes];
-        compiled.EvaluateMany(xRead, n, results);
-        double value[Lanes], valueRead[Lanes];
-        for (int i = 0; i < n; ++i)
-            value[i] = results[i].value;
-        RoundToNumberTextMany(value, n, valueRead);
-        for (int i = 0; i < n; ++i)
-            out[start + static_cast<std::size_t>(i)] = XTakesText(x[i], xRead[i])
-                                                           ? ValueOf(EvaluateByText(s, x[i], slot))
-                                                           : ValueOf(results[i].kind, valueRead[i]);
-    }
+ValueSweep::ValueSweep(Session& s, int slot, double step, SampleOf sample)
+    : s_(s), slot_(slot), step_(step), sample_(sample) {
+    const std::string* script = ScriptOf(s, slot);
+    compiled_ = script && s.Evaluator.RunsCompiled(slot, *script);
 }
-
-ValueSweep::ValueSweep(Session& s, int slot, double step, SampleOf sample, EvalPath path)
-    : s_(s), slot_(slot), step_(step), sample_(sample), path_(path),
-      compiled_(path == EvalPath::Auto && CompiledRoute(s, slot)) {}
 
 YValue ValueSweep::At(double x) {
-    if (!compiled_) return CalculateYValue(s_, sample_ ? sample_(x) : x, slot_, path_);
+    if (!compiled_) return CalculateYValue(s_, sample_ ? sample_(x) : x, slot_);
     // The loop's x is compared bit for bit: it is the sweep's own when both added the same.
     if (next_ == count_ ||
         std::bit_cast<std::uint64_t>(loopX_[next_]) != std::bit_cast<std::uint64_t>(x))
@@ -197,7 +121,7 @@ void ValueSweep::Fill(double x) {
         sampleX[i] = sample_ ? sample_(x) : x;
         x += step_;
     }
-    CalculateYValues(s_, sampleX, slot_, values_, path_);
+    s_.Evaluator.Values(slot_, s_.ScriptText(slot_), sampleX, values_, s_.BracketNegativeX);
     count_ = Lanes;
     next_ = 0;
 }

@@ -200,17 +200,7 @@ class Painter {
         return true;
     }
 
-    double ShadeValue(double x, ValueSweep& values) {
-        if (s_.PaintTextValues) {
-            std::string text = CalculateY(s_, x, s_.ActiveSlot, EvalPath::Text);
-            const auto blank = [](char c) { return c == ' '; };
-            while (!text.empty() && blank(text.back()))
-                text.pop_back();
-            const auto start = std::find_if_not(text.begin(), text.end(), blank);
-            return PrefixNumber(std::string(start, text.end()));
-        }
-        return values.At(x).Known().value_or(0);
-    }
+    double ShadeValue(double x, ValueSweep& values) { return values.At(x).Known().value_or(0); }
 
     void GridAndAxes() {
         const double xMin = s_.ViewXMin, xMax = s_.ViewXMax;

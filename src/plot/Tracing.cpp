@@ -63,8 +63,7 @@ class SlotTracer {
 
         // The value; "NA" fails, and SampleY keeps its last value.
         t_.Run([&] {
-            const std::optional<double> v =
-                s_.PaintTextValues ? Value(sampleX) : samples.At(x).Known();
+            const std::optional<double> v = samples.At(x).Known();
             if (!v) return false;
             run_.SampleY = *v;
             return true;
@@ -261,11 +260,6 @@ bool LineStatement(Surface& box, double x1, double y1, double x2, double y2, boo
 }
 
 std::optional<double> PaintValue(Session& s, double x, int slot) {
-    if (s.PaintTextValues) {
-        const std::string text = CalculateY(s, x, slot, EvalPath::Text);
-        if (!IsNumericText(text)) return std::nullopt;
-        return PrefixNumber(text);
-    }
     return CalculateYValue(s, x, slot).Known();
 }
 

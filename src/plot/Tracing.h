@@ -75,8 +75,7 @@ std::optional<Colour> ColourValue(const std::string& text);
 // does not fit the surface.
 bool LineStatement(Surface& box, double x1, double y1, double x2, double y2, bool outline = false);
 
-// The value of a slot at x as the painter reads it: no value for "NA". Goes through
-// CalculateYValue, or through the text of CalculateY when PaintTextValues is set.
+// The value of a slot at x as the painter reads it: no value for "NA".
 std::optional<double> PaintValue(Session& s, double x, int slot);
 
 // Adds an entry to the break list (three statements, each of which fails beyond entry 1000).

@@ -4,11 +4,16 @@
 
 namespace vt::render {
 
+void SetUpRowPaper(Surface& paper) {
+    LoadBundledFonts();
+    paper.FontName = EquationFamily;
+    paper.FontSize = 12;
+}
+
 std::unique_ptr<RasterSurface> NewEquationPaper(int pixelWidth, int pixelHeight) {
     LoadBundledFonts();
     auto paper = std::make_unique<RasterSurface>(pixelWidth, pixelHeight);
-    paper->FontName = EquationFamily;
-    paper->FontSize = 12;
+    SetUpRowPaper(*paper);
     paper->SmoothText = true;
     paper->Cls();
     return paper;

@@ -13,6 +13,9 @@ namespace vt::render {
 inline constexpr int RowPaperWidth = 4335 / 15;
 inline constexpr int RowPaperHeight = 615 / 15;
 
+// Gives a surface the equation font at 12 points.
+void SetUpRowPaper(Surface& paper);
+
 // A cleared white surface of the size given, in the equation font, ready for PrintEquation.
 std::unique_ptr<RasterSurface> NewEquationPaper(int pixelWidth, int pixelHeight);
 

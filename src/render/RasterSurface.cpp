@@ -29,38 +29,6 @@ long long FloorDiv(long long a, long long b) {
     return q;
 }
 
-// Cuts a segment down to a rectangle (Liang-Barsky). False when nothing of it is inside.
-bool ClipSegment(double& x0, double& y0, double& x1, double& y1, double xMin, double yMin,
-                 double xMax, double yMax) {
-    const double dx = x1 - x0;
-    const double dy = y1 - y0;
-    double t0 = 0.0;
-    double t1 = 1.0;
-    const double p[4] = {-dx, dx, -dy, dy};
-    const double q[4] = {x0 - xMin, xMax - x0, y0 - yMin, yMax - y0};
-    for (int i = 0; i < 4; ++i) {
-        if (p[i] == 0.0) {
-            if (q[i] < 0.0) return false;
-            continue;
-        }
-        const double t = q[i] / p[i];
-        if (p[i] < 0.0) {
-            if (t > t1) return false;
-            t0 = std::max(t0, t);
-        } else {
-            if (t < t0) return false;
-            t1 = std::min(t1, t);
-        }
-    }
-    const double sx = x0;
-    const double sy = y0;
-    x0 = sx + t0 * dx;
-    y0 = sy + t0 * dy;
-    x1 = sx + t1 * dx;
-    y1 = sy + t1 * dy;
-    return true;
-}
-
 // Half the width of row dy of a digital disc of radius r about a pixel: the largest k with
 // k^2 + dy^2 < (r + 0.5)^2, or -1 when the row misses the disc. The half pixel makes small
 // circles round rather than diamond-shaped.
@@ -99,6 +67,38 @@ bool HatchCovers(int style, int x, int y) {
 }
 
 } // namespace
+
+// Liang-Barsky.
+bool ClipSegment(double& x0, double& y0, double& x1, double& y1, double xMin, double yMin,
+                 double xMax, double yMax) {
+    const double dx = x1 - x0;
+    const double dy = y1 - y0;
+    double t0 = 0.0;
+    double t1 = 1.0;
+    const double p[4] = {-dx, dx, -dy, dy};
+    const double q[4] = {x0 - xMin, xMax - x0, y0 - yMin, yMax - y0};
+    for (int i = 0; i < 4; ++i) {
+        if (p[i] == 0.0) {
+            if (q[i] < 0.0) return false;
+            continue;
+        }
+        const double t = q[i] / p[i];
+        if (p[i] < 0.0) {
+            if (t > t1) return false;
+            t0 = std::max(t0, t);
+        } else {
+            if (t < t0) return false;
+            t1 = std::min(t1, t);
+        }
+    }
+    const double sx = x0;
+    const double sy = y0;
+    x0 = sx + t0 * dx;
+    y0 = sy + t0 * dy;
+    x1 = sx + t1 * dx;
+    y1 = sy + t1 * dy;
+    return true;
+}
 
 QRgb QRgbFromColour(Colour colour) {
     return qRgb(static_cast<int>(colour & 0xFF), static_cast<int>((colour >> 8) & 0xFF),

@@ -54,6 +54,10 @@ namespace vt::render {
 QRgb QRgbFromColour(Colour colour);
 Colour ColourFromQRgb(QRgb rgb);
 
+// Cuts a segment down to a rectangle. False when nothing of it is inside.
+bool ClipSegment(double& x0, double& y0, double& x1, double& y1, double xMin, double yMin,
+                 double xMax, double yMax);
+
 class RasterSurface : public Surface {
   public:
     // The image (at least 1 by 1) starts filled with BackColor (white); the scale is pixels.
@@ -90,12 +94,20 @@ class RasterSurface : public Surface {
     // outside the image are clamped to +-1e9; not-a-number gives false.
     bool PixelOf(double x, double y, long long& column, long long& row) const;
 
-  private:
     struct DevicePoint {
         double X;
         double Y;
     };
+    // Where a user point falls in device pixels before rounding; a coordinate is NaN when its
+    // scale extent is zero or the point is not a number. The vector surface shares this map.
     DevicePoint ToDevice(double x, double y) const;
+
+    // The font of FontName/FontSize/FontBold/FontItalic, and its measures on this image, kept
+    // until one of them changes.
+    const QFont& CurrentFont();
+    const QFontMetrics& CurrentMetrics();
+
+  private:
     void DrawLine(double x1, double y1, double x2, double y2, Colour colour);
     void DrawBox(double x1, double y1, double x2, double y2, bool filled);
     // The pixels of a digital line between two device points, last one left out, clipped to
@@ -108,9 +120,6 @@ class RasterSurface : public Surface {
     // Fills a set of pixels in FillColor and FillStyle.
     void FillPixels(std::vector<int>& pixels, bool exclusiveOr);
     int BrushWidth() const;
-    // The font of FontName/FontSize/FontBold/FontItalic, kept until one of them changes.
-    const QFont& CurrentFont();
-    const QFontMetrics& CurrentMetrics();
 
     QImage image_;
 

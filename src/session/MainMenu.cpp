@@ -12,6 +12,7 @@ const std::vector<MenuEntry>& MainMenuTree() {
         {"mnuLoad", "Load Graph Data", "Ctrl+L", 1},
         {"mnuGGFe", "-", "", 1},
         {"mnuBitMap", "Save Graph As Bitmap", "", 1},
+        {"mnuCopyGraph", "&Copy Graph", "", 1},
         {"qht", "-", "", 1},
         {"mnuGraphExit", "&Exit", "Ctrl+X", 1},
         {"mnuFunctions", "F&unctions", "", 0},

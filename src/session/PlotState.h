@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/Checked.h"
-#include "plot/Expression.h"
+#include "expr/SlotEvaluator.h"
 
 namespace vt {
 
@@ -30,16 +30,15 @@ struct PlotState {
     // The evaluator text of each slot after PreCalcFX, x still free. Five entries only: an index
     // of 5 is an error, unlike the per-slot arrays.
     Array1<std::string, 0, 4> ScriptText;
-    // ScriptText of each slot compiled once by PreCalcFX, for the values at many x.
-    Array1<CompiledScript, 0, 4> CompiledScripts;
+    // Works out the values of the slots' functions, keeping their compiled programs.
+    SlotEvaluator Evaluator;
+    // A negative x goes into a function in brackets, so that x^2 at -3 is 9; off, it goes in
+    // bare and x^2 at -3 is -9.
+    bool BracketNegativeX = false;
 
     // The coordinates list as the last paint left it; the window mirrors it.
     std::vector<CoordinateItem> ListView1;
     ListPlacement ListView1Rect;
-
-    // The painter normally reads values through CalculateYValue; set, it reads them as the text
-    // of CalculateY on the text route. Both must draw the same picture.
-    bool PaintTextValues = false;
 };
 
 } // namespace vt

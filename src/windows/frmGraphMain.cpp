@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QCursor>
@@ -386,10 +387,18 @@ bool frmGraphMain::RunCommand(HostCommand command, int index) {
     case HostCommand::Shade:
         ShowCalculateArea(s_, this);
         return true;
+    case HostCommand::CopyGraph:
+        CopyGraph();
+        return true;
     default:
         // The other windows and dialogs are not there yet.
         return false;
     }
+}
+
+void frmGraphMain::CopyGraph() {
+    // The graph box as it stands, pixel for pixel, as Save Graph As Bitmap writes it.
+    QGuiApplication::clipboard()->setImage(graphSurface_->QtImage());
 }
 
 void frmGraphMain::MakeSavedProblemsFolder() {

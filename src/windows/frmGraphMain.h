@@ -99,6 +99,8 @@ class frmGraphMain : public QMainWindow, public Shell {
     void BuildGraphBox();
     void BindSession();
     void MakeSavedProblemsFolder();
+    // Copy Graph: the graph box's picture to the clipboard.
+    void CopyGraph();
     void MirrorRows();
     void MirrorListView();
 

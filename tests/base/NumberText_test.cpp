@@ -51,8 +51,12 @@ TEST(NumberText, GeneralForm) {
     const std::pair<double, const char*> cases[] = {
         {0, "0"}, {-0.0, "0"}, {5, "5"}, {-5, "-5"}, {0.5, "0.5"}, {-0.05, "-0.05"},
         {1.0 / 3, "0.333333333333333"}, {2.0 / 3, "0.666666666666667"}, {0.1 + 0.2, "0.3"},
-        {0.0001, "0.0001"}, {0.000123456789012345678, "0.000123456789012346"}, {0.00001, "1E-05"},
-        {0.0000001, "1E-07"}, {-1.5e-20, "-1.5E-20"}, {1.5e20, "1.5E+20"}, {1e100, "1E+100"},
+        {0.0001, "0.0001"}, {0.000123, "0.000123"}, {0.00001, "0.00001"}, {1e-7, "0.0000001"},
+        // plain only while 15 decimals are enough
+        {0.000123456789012345678, "1.23456789012346E-04"}, {1.0 / 70, "1.42857142857143E-02"},
+        {0.0998334166468282, "9.98334166468282E-02"}, {1e-15, "0.000000000000001"},
+        {-1.5e-15, "-1.5E-15"}, {1e-16, "1E-16"}, {0.123456789012345, "0.123456789012345"},
+        {-1.5e-20, "-1.5E-20"}, {1.5e20, "1.5E+20"}, {1e100, "1E+100"},
         {1e-100, "1E-100"}, {123456789012345.0, "123456789012345"},
         {999999999999999.4, "999999999999999"}, {999999999999999.5, "1E+15"}, // a tie, to even
         {1e15, "1E+15"}, {123456789012345678.0, "1.23456789012346E+17"},
@@ -66,15 +70,27 @@ TEST(NumberText, GeneralForm) {
         EXPECT_EQ(NumberText(value), text) << text;
 }
 
-TEST(NumberText, AgreesWithTheGeneralFormatOfTheCLibrary) {
-    // The C library's "%.15G" in the C locale is the same general form; only "-0" differs.
+TEST(NumberText, AgreesWithTheFormatsOfTheCLibrary) {
+    // The C library in the C locale gives the 15 digits ("%.14E"); the form is plain ("%.*f")
+    // with as many decimals as those digits need, if at most 15 and below 1E15, and otherwise
+    // the exponent form ("%.*E") with the digits that are not trailing zeros.
     std::mt19937_64 rng(7);
     for (int i = 0; i < 200000; ++i) {
-        const double v = RandomDouble(rng);
-        char buf[64];
-        std::snprintf(buf, sizeof buf, "%.15G", v);
-        const std::string expected = v == 0 ? "0" : buf;
-        ASSERT_EQ(NumberText(v), expected) << buf;
+        const double v = i == 0 ? 1.0 / 70 : RandomDouble(rng);
+        if (v == 0) continue;
+        char digits[64], expected[400];
+        std::snprintf(digits, sizeof digits, "%.14E", v);
+        const char* mark = std::strchr(digits, 'E');
+        const int exponent = std::atoi(mark + 1);
+        int significant = 15;
+        while (significant > 1 && mark[-1 - (15 - significant)] == '0')
+            --significant;
+        const int decimals = significant - 1 - exponent;
+        if (decimals <= 15 && exponent < 15)
+            std::snprintf(expected, sizeof expected, "%.*f", decimals < 0 ? 0 : decimals, v);
+        else
+            std::snprintf(expected, sizeof expected, "%.*E", significant - 1, v);
+        ASSERT_EQ(NumberText(v), expected) << digits;
     }
 }
 
@@ -116,7 +132,8 @@ TEST(NumberText, PrefixParser) {
         {"1,5", 1}, {"NA", 0}, {"", 0}, {".", 0}, {"-", 0}, {"- 5", 0}, {"&H10", 0}, {"x3", 0},
         {"1E400", 0}, {"-1E400", 0}, {"1E-400", 0},
         {"1.79769313486232E+308", 0}, // just past the largest Double
-        {"4.94065645841247E-324", 4.94065645841247e-324}, {"0.1", 0.1}
+        {"4.94065645841247E-324", 4.94065645841247e-324}, {"0.1", 0.1},
+        {"1D2", 100}, {"-2.5d-1", -0.25}, {"1D", 1}, {"1Dx", 1}, {"D2", 0}
     };
     // clang-format on
     for (const auto& [text, value] : cases)
@@ -131,7 +148,8 @@ TEST(NumberText, NumericTest) {
         {"1E-07", true},  {"1E-400", true}, {"", false},    {" ", false},    {".", false},
         {"-", false},     {"1e", false},    {"1,5", false}, {"1,5x", false}, {"&H10", false},
         {"- 5", false},   {"1E400", false}, {"1 2", false}, {"NA", false},   {"5x", false},
-        {"1.5.3", false}, {"e5", false}
+        {"1.5.3", false}, {"e5", false},  {"1D2", true},    {"1d+2", true}, {"1D", false},
+        {"D2", false},    {"1D400", false}
     };
     // clang-format on
     for (const auto& [text, numeric] : cases)
@@ -193,9 +211,9 @@ TEST(NumberText, AreaFormat) {
 }
 
 TEST(NumberText, PrintedNumber) {
-    const std::pair<double, const char*> cases[] = {{5, " 5 "},       {-5, "-5 "},    {0, " 0 "},
-                                                    {-0.0, " 0 "},    {0.5, " 0.5 "}, {-20, "-20 "},
-                                                    {1e-7, " 1E-07 "}};
+    const std::pair<double, const char*> cases[] = {
+        {5, " 5 "},    {-5, "-5 "},           {0, " 0 "},         {-0.0, " 0 "}, {0.5, " 0.5 "},
+        {-20, "-20 "}, {1e-7, " 0.0000001 "}, {-1e-16, "-1E-16 "}};
     for (const auto& [value, text] : cases)
         EXPECT_EQ(PrintedNumber(value), text) << value;
 }

@@ -46,7 +46,7 @@ TEST(RegressionObject, FitsAndWritesTheEquation) {
          "f(x) =  3", true},
         {"two points at order 5: a line", 5, {{0, 1}, {1, 3}}, {1, 2, 0, 0, 0, 0}, "f(x) =  2x + 1",
          true},
-        {"tiny constant shown unrounded", 0, {{5, 1e-11}}, {1e-11}, "f(x) =  1E-11", true},
+        {"tiny constant shown unrounded", 0, {{5, 1e-11}}, {1e-11}, "f(x) =  0.00000000001", true},
         {"rounded to ten decimals", 0, {{5, -2.00000000004}}, {-2.00000000004}, "f(x) = - 2", true},
         {"cubic through four points", 3, {{-1, -1}, {0, 0}, {1, 1}, {2, 8}}, {0, 0, 0, 1},
          "f(x) =  x^3^", true},

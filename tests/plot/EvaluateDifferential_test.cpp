@@ -185,17 +185,30 @@ struct Tally {
     long cases = 0, numbers = 0, compiledFunctions = 0, functions = 0;
 };
 
+// What f gives on the reference route, the session's own evaluator then going back to compiling.
+template <class F> auto ByText(Session& s, F f) {
+    s.Evaluator.SetStrategy(EvalStrategy::Text);
+    const auto result = f();
+    s.Evaluator.SetStrategy(EvalStrategy::Compiled);
+    return result;
+}
+
+std::string Where(const Session& s, const char* how, double x) {
+    return "\"" + s.ScriptText(0) + "\"" + (s.BracketNegativeX ? " bracketed" : "") + how +
+           NumberText(x);
+}
+
 // All four results at each x through both routes, and the values of the batch at once.
 void Compare(Session& s, const std::vector<double>& xs, Tally& tally) {
     std::vector<YValue> batch(xs.size());
-    CalculateYValues(s, xs, 0, batch);
+    s.Evaluator.Values(0, s.ScriptText(0), xs, batch, s.BracketNegativeX);
     for (std::size_t i = 0; i < xs.size(); ++i) {
         const double x = xs[i];
-        const std::string where = "\"" + s.ScriptText(0) + "\" at " + NumberText(x);
+        const std::string where = Where(s, " at ", x);
         for (auto text : {CalculateYEval, CalculateY, CalculateYArea})
-            ASSERT_EQ(text(s, x, 0, EvalPath::Auto), text(s, x, 0, EvalPath::Text)) << where;
-        const YValue text = CalculateYValue(s, x, 0, EvalPath::Text);
-        ExpectSameValue(CalculateYValue(s, x, 0, EvalPath::Auto), text, where);
+            ASSERT_EQ(text(s, x, 0), ByText(s, [&] { return text(s, x, 0); })) << where;
+        const YValue text = ByText(s, [&] { return CalculateYValue(s, x, 0); });
+        ExpectSameValue(CalculateYValue(s, x, 0), text, where);
         ExpectSameValue(batch[i], text, where + " in a batch");
         ++tally.cases;
         if (text.kind == YValue::Number) ++tally.numbers;
@@ -212,12 +225,13 @@ void CompareSweep(Session& s, std::mt19937_64& rng) {
     for (int i = 0; i < 80 && !::testing::Test::HasFatalFailure(); ++i, x += step) {
         if (i == 70) x = first;
         const double sampleX = RoundHalfEven(x, 2);
-        ExpectSameValue(sweep.At(x), CalculateYValue(s, sampleX, 0, EvalPath::Text),
-                        "\"" + s.ScriptText(0) + "\" swept at " + NumberText(sampleX));
+        ExpectSameValue(sweep.At(x), ByText(s, [&] { return CalculateYValue(s, sampleX, 0); }),
+                        Where(s, " swept at ", sampleX));
     }
 }
 
-// Functions made by enter(s) agree at eight random x each, and every 16th along a sweep.
+// Functions made by enter(s) agree at eight random x each, and every 16th along a sweep; every
+// third with a negative x in brackets.
 template <class Maker, class Enter> Tally Differential(unsigned seed, int functions, Enter enter) {
     std::mt19937_64 rng(seed);
     Maker maker(rng);
@@ -226,8 +240,9 @@ template <class Maker, class Enter> Tally Differential(unsigned seed, int functi
     for (int f = 0; f < functions && !::testing::Test::HasFatalFailure(); ++f) {
         enter(s, maker.Make());
         PreCalcFX(s);
+        s.BracketNegativeX = f % 3 == 1;
         ++tally.functions;
-        if (s.CompiledScripts(0).Applies()) ++tally.compiledFunctions;
+        if (s.Evaluator.RunsCompiled(0, s.ScriptText(0))) ++tally.compiledFunctions;
         std::vector<double> xs(8);
         for (double& x : xs)
             x = RandomX(rng);

@@ -49,7 +49,7 @@ TEST(CalculateY, ValuesTextsAndFailures) {
         {"(1)/(x)", 0, 0, NA}, {"(1)/(x)", 2, 0, "0.5"}, {"", 1, 0, ""},
         {"2^(?)", 1, 0, NA}, // an empty exponent box
         {"x", 1, 5, NA},     // no slot 5: a failure like any other
-        {"x", 1, -1, NA}, {"x", -0.05, 0, "-0.05"}, {"x", -0.0, 0, "0"}, {"x", 1e-7, 0, "1E-07"},
+        {"x", 1, -1, NA}, {"x", -0.05, 0, "-0.05"}, {"x", -0.0, 0, "0"}, {"x", 1e-7, 0, "0.0000001"},
         {"xx", 1e-7, 0, NA},
         {"x^(2)", -3, 0, "-9"}, // a negative x is a minus sign in front of the power
         {"5-x^(2)", -3, 0, "14"}, {"2x", -3, 0, "-6"}, {"(x)^(2)", -3, 0, "9"},
@@ -62,25 +62,79 @@ TEST(CalculateY, ValuesTextsAndFailures) {
     };
     // clang-format on
     for (const auto& [graphable, x, slot, expected] : cases) {
-        for (EvalPath path : {EvalPath::Text, EvalPath::Auto}) {
+        for (EvalStrategy strategy : {EvalStrategy::Text, EvalStrategy::Compiled}) {
             Session s;
+            s.Evaluator.SetStrategy(strategy);
             SetGraphable(s, slot >= 0 && slot <= 4 ? slot : 0, graphable);
             PreCalcFX(s);
             const std::string eval = expected;
             const std::string y = eval.empty() ? "0" : eval;
             const std::string area = eval.empty() || eval == "NA" ? "0" : eval;
             const std::string where = std::string(graphable) + " at " + NumberText(x) +
-                                      (path == EvalPath::Text ? " by text" : " compiled");
-            EXPECT_EQ(CalculateYEval(s, x, slot, path), eval) << where;
-            EXPECT_EQ(CalculateY(s, x, slot, path), y) << where;
-            EXPECT_EQ(CalculateYArea(s, x, slot, path), area) << where;
-            const YValue v = CalculateYValue(s, x, slot, path);
+                                      (strategy == EvalStrategy::Text ? " by text" : " compiled");
+            EXPECT_EQ(CalculateYEval(s, x, slot), eval) << where;
+            EXPECT_EQ(CalculateY(s, x, slot), y) << where;
+            EXPECT_EQ(CalculateYArea(s, x, slot), area) << where;
+            const YValue v = CalculateYValue(s, x, slot);
             EXPECT_EQ(v.kind, eval == "NA" ? YValue::NotAvailable : YValue::Number) << where;
             if (v.kind == YValue::Number) {
                 EXPECT_EQ(v.value, PrefixNumber(y)) << where;
             }
         }
     }
+}
+
+TEST(CalculateY, NegativeXInBrackets) {
+    // {text, x, value with x bare, value with a negative x in brackets}
+    const char* NA = "NA";
+    // clang-format off
+    const std::tuple<const char*, double, const char*, const char*> cases[] = {
+        {"x^(2)", -3, "-9", "9"}, {"-x^(2)", -3, "9", "-9"}, {"x^(2)", 3, "9", "9"},
+        {"2^x", -1, "0.5", "0.5"}, {"x^(.5)", -4, "-2", NA}, {"5-x", -2, "7", "7"},
+        {"x", -0.05, "-0.05", "-0.05"}, {"x^(2)", -1.0 / 70, "-2.04081632653062E-04", "2.04081632653062E-04"},
+        {"x3.1415926538", -2, "-23.1415926538", NA}, // spliced as text either way
+        {"(1)/(x)", -0.0, NA, NA}
+    };
+    // clang-format on
+    for (const auto& [graphable, x, bare, bracketed] : cases) {
+        for (EvalStrategy strategy : {EvalStrategy::Text, EvalStrategy::Compiled}) {
+            for (const bool bracket : {false, true}) {
+                Session s;
+                s.Evaluator.SetStrategy(strategy);
+                s.BracketNegativeX = bracket;
+                SetGraphable(s, 1, graphable);
+                PreCalcFX(s);
+                const std::string expected = bracket ? bracketed : bare;
+                const std::string where = std::string(graphable) + " at " + NumberText(x) +
+                                          (bracket ? " bracketed" : " bare") +
+                                          (strategy == EvalStrategy::Text ? " by text" : "");
+                EXPECT_EQ(CalculateYEval(s, x, 1), expected) << where;
+                EXPECT_EQ(CalculateYValue(s, x, 1).Known().value_or(-1e300),
+                          expected == "NA" ? -1e300 : PrefixNumber(expected))
+                    << where;
+            }
+        }
+    }
+}
+
+TEST(PreCalcFX, ARepaintCompilesOnlyTheTextsThatChanged) {
+    Session s;
+    const char* texts[] = {"2x^(2)+S(x)", "(1)/(x)", "abs(x)+1", "x-1", "((x+20)^.5)"};
+    for (int slot = 0; slot < 5; ++slot)
+        SetGraphable(s, slot, texts[slot]);
+    PreCalcFX(s);
+    const long first = s.Evaluator.Cache().Compilations();
+    EXPECT_EQ(first, 5);
+    PreCalcFX(s);
+    EXPECT_EQ(s.Evaluator.Cache().Compilations(), first);
+    SetGraphable(s, 3, "x-2");
+    PreCalcFX(s);
+    EXPECT_EQ(s.Evaluator.Cache().Compilations(), first + 1);
+    EXPECT_EQ(CalculateY(s, 5, 3), "3");
+    SetGraphable(s, 3, "x-1"); // back to a text compiled before
+    PreCalcFX(s);
+    EXPECT_EQ(s.Evaluator.Cache().Compilations(), first + 1);
+    EXPECT_EQ(CalculateY(s, 5, 3), "4");
 }
 
 TEST(CalculateY, FollowsAScriptTextChangedAfterPreCalcFX) {

@@ -34,6 +34,23 @@ TEST(Painter, GridAndAxesByTheViewsSize) {
     }
 }
 
+TEST(Painter, ShadingFollowsTheBracketingOfANegativeX) {
+    // x^2 left of the y axis lies below it with x spliced bare, above it in brackets.
+    for (const bool bracket : {false, true}) {
+        PlotSession g({"x^2"});
+        g.s.BracketNegativeX = bracket;
+        g.s.ShadeOn = true;
+        g.s.ShadeFrom = -3;
+        g.s.ShadeTo = -2;
+        RedrawGraph(g.s);
+        std::size_t above = 0, below = 0;
+        for (const auto& f : g.box.Fills)
+            (f[1] == 199 ? above : below) += 1;
+        EXPECT_EQ(above, bracket ? 19u : 0u) << bracket;
+        EXPECT_EQ(below, bracket ? 0u : 19u) << bracket;
+    }
+}
+
 TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
     // {keys, band, fills from just above and just below the x axis, walls at breaks}: x fills
     // at 2.05 .. 2.95; x/100 is too near the axis, |y| / 40 below 0.01; 1/x has none at 0 and

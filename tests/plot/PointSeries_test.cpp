@@ -141,7 +141,7 @@ TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
 
     g.s.Panel.Combo1 = "2";
     Command3_Click(g.s);
-    for (auto [x, y] : {std::pair{"0", "0"}, {"1", "1"}, {"-2", "4"}, {"0.5", "1E-07"}})
+    for (auto [x, y] : {std::pair{"0", "0"}, {"1", "1"}, {"-2", "4"}, {"0.5", "0.0000001"}})
         ASSERT_EQ(g.Insert(x, y), InsertOutcome::Added);
     g.s.Picture1(5) = 0x123456;
     g.s.Slider1 = 5;
@@ -170,7 +170,7 @@ TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
                            }),
               g.box.Log.end());
     const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},       {"1", "1"},
-                                              {"-2", "4"}, {"0.5", "1E-07"}, {"", ""}};
+                                              {"-2", "4"}, {"0.5", "0.0000001"}, {"", ""}};
     EXPECT_EQ(g.s.Panel.MSFlexGrid1, table);
     EXPECT_TRUE(g.s.Panel.ScrollTableToEnd);
 

@@ -110,7 +110,7 @@ TEST(Tracing, TextAndCompiledValuesPaintTheSamePicture) {
             std::vector<std::string> logs[2];
             for (int path = 0; path < 2; ++path) {
                 PlotSession g(rows);
-                g.s.PaintTextValues = path == 1;
+                if (path == 1) g.s.Evaluator.SetStrategy(EvalStrategy::Text);
                 g.s.ShadeOn = shade;
                 g.s.ShadeFrom = -7.3;
                 g.s.ShadeTo = 12.1;

@@ -98,7 +98,7 @@ TEST(MainWindow, MenuTreeBuildsTheBarSubmenusSeparatorsAndShortcuts) {
     std::string separators;
     for (const QString& caption : Captions(w.window->MenuOf("mnuGraphFile")->actions()))
         separators += caption == "-" ? '-' : 'i';
-    EXPECT_EQ(separators, "ii-ii-i-i");
+    EXPECT_EQ(separators, "ii-ii-ii-i");
     EXPECT_EQ(w.window->MenuItem("mnuGraphIt")->shortcut().toString(), QStringLiteral("F3"));
     EXPECT_TRUE(w.window->MenuItem("mnuNearWhole")->isChecked());
     EXPECT_FALSE(w.window->MenuItem("mnuHideGrid")->isChecked());

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string>
 
-#include "plot/Expression.h"
+#include "expr/Expression.h"
 
 namespace vt {
 
@@ -59,7 +59,7 @@ TEST(Expression, Failures) {
         {"2^(?)", Fails}, {"(1", Fails}, {"1)", Fails}, {"abs()", Fails}, {"2*", Fails},
         {"*2", Fails}, {".", Fails}, {"1e", Fails}, {"2=2", Fails}, {"1,5", Fails},
         {"sin2(1)", Fails}, {deep, Fails}, {deepSigns, Fails}, {"", IsEmpty}, {"   ", IsEmpty},
-        {fine, 1}, {"1/0+", Fails}
+        {fine, 1}, {"1/0+", Fails}, {"1D2", Fails}
     };
     // clang-format on
     for (const auto& [text, value] : cases)
