@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QUrl>
 
+#include "windows/HelpBrowser.h"
+
 namespace vt::app {
 
 namespace {
@@ -104,7 +106,10 @@ QString QtFilterFromPairs(const std::string& filter) {
 }
 
 QtPlatform::QtPlatform() = default;
-QtPlatform::~QtPlatform() = default;
+QtPlatform::~QtPlatform() {
+    // A help window of its own (shown before there was a main window) goes with the platform.
+    if (help_ && !help_->parent()) delete help_.data();
+}
 
 int QtPlatform::MsgBox(const std::string& prompt, int style, const std::string& title) {
     QMessageBox box(parent_);
@@ -155,15 +160,25 @@ bool QtPlatform::ChoosePrinter() {
 }
 
 void QtPlatform::ShowHelp(const std::string& topic) {
-    const QString text = FromStd(topic);
-    if (QFileInfo::exists(text))
-        QDesktopServices::openUrl(QUrl::fromLocalFile(text));
-    else
-        QDesktopServices::openUrl(QUrl::fromUserInput(text));
+    // One help window, kept while it is open; it closes with the main window.
+    if (!help_) {
+        help_ = new windows::HelpBrowser(parent_);
+        help_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    help_->Open(FromStd(topic));
+    help_->ShowTab(windows::HelpBrowser::IndexTab);
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
+}
+
+windows::HelpBrowser* QtPlatform::HelpWindow() const {
+    return help_.data();
 }
 
 void QtPlatform::OpenWebPage(const std::string& address) {
-    QDesktopServices::openUrl(QUrl(FromStd(address)));
+    const QString text = FromStd(address);
+    QDesktopServices::openUrl(QFileInfo::exists(text) ? QUrl::fromLocalFile(text) : QUrl(text));
 }
 
 } // namespace vt::app

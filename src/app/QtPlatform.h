@@ -3,6 +3,7 @@
 // chooser, file dialogs with the program's filter texts, the printer dialog, and help and web
 // pages through the desktop's own programs.
 
+#include <QPointer>
 #include <QString>
 #include <memory>
 
@@ -10,6 +11,10 @@
 
 class QPrinter;
 class QWidget;
+
+namespace vt::windows {
+class HelpBrowser;
+}
 
 namespace vt::app {
 
@@ -32,9 +37,13 @@ class QtPlatform : public Platform {
     std::optional<std::string> SaveFileName(const FileDialogRequest& request) override;
     // The printer dialog in setup mode: it chooses the printer that printing then uses.
     bool ChoosePrinter() override;
-    // Opens the help file (a path) or a help address in the desktop's viewer.
+    // Shows a page of the help book in the program's help window, on its Index tab.
     void ShowHelp(const std::string& topic) override;
+    // Opens a web address, or a page shipped with the program (a path), in the desktop's
+    // browser.
     void OpenWebPage(const std::string& address) override;
+    // The help window, once help has been shown.
+    windows::HelpBrowser* HelpWindow() const;
 
     // The printer chosen with ChoosePrinter, the system's default until then.
     QPrinter& Printer();
@@ -42,6 +51,7 @@ class QtPlatform : public Platform {
   private:
     QWidget* parent_ = nullptr;
     std::unique_ptr<QPrinter> printer_;
+    QPointer<windows::HelpBrowser> help_;
 };
 
 } // namespace vt::app

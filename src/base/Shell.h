@@ -32,10 +32,6 @@ enum class HostCommand {
     BackColor,
     GraphDefault,
     Swatch, // a click on a row's colour swatch; the index is the row
-    HelpTopics,
-    HelpVeritrace,
-    HomePage, // the menu's Home Page and the toolbar's web button
-    OnlineSupport,
     About,
 };
 

@@ -9,6 +9,7 @@
 #include "commands/Startup.h"
 #include "display/Papers.h"
 #include "entry/Entry.h"
+#include "info/HelpAndWeb.h"
 #include "plot/Painter.h"
 #include "plot/PointSeries.h"
 #include "plot/Tracing.h"
@@ -209,7 +210,7 @@ void Toolbar1_ButtonClick(Session& s, const std::string& key) {
                  AutoGraph(s);
              }
          }},
-        {"web", [&] { Run(s, HostCommand::HomePage); }},
+        {"web", [&] { OpenHomePage(s); }},
         {"zoomout", [&] { ZoomOut(s); }},
         {"zoomin", [&] { ZoomIn(s); }},
         {"clear", [&] { mnuClearData_Click(s); }},
@@ -285,10 +286,10 @@ void RunMenuCommand(Session& s, const std::string& name) {
         {"mnuGraphReset", mnuGraphReset_Click},
         {"mnuGraphZoomIn", ZoomIn},
         {"mnuGraphZoomOut", ZoomOut},
-        {"mnuHelpTopics", [](Session& x) { Run(x, HostCommand::HelpTopics); }},
-        {"mnuVeritrace", [](Session& x) { Run(x, HostCommand::HelpVeritrace); }},
-        {"mnuHomePage", [](Session& x) { Run(x, HostCommand::HomePage); }},
-        {"mnuOnlineSupport", [](Session& x) { Run(x, HostCommand::OnlineSupport); }},
+        {"mnuHelpTopics", mnuHelpTopics_Click},
+        {"mnuVeritrace", mnuVeritrace_Click},
+        {"mnuHomePage", OpenHomePage},
+        {"mnuOnlineSupport", mnuOnlineSupport_Click},
         {"mnuAbout", [](Session& x) { Run(x, HostCommand::About); }},
         {"mnuNearWhole", mnuNearWhole_Click},
         {"mnuNearTen", mnuNearTen_Click},

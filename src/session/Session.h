@@ -9,6 +9,7 @@
 #include "session/CoreState.h"
 #include "session/DisplayState.h"
 #include "session/EntryState.h"
+#include "session/OutputState.h"
 #include "session/PlotState.h"
 #include "session/WindowState.h"
 
@@ -21,7 +22,8 @@ struct Session : CoreState,
                  DisplayState,
                  WindowState,
                  AnalysisState,
-                 BreakdownState {
+                 BreakdownState,
+                 OutputState {
     // Whatever shows the session: the main window, or the headless host while none is bound.
     Shell& Host() const { return host_ != nullptr ? *host_ : UnboundShell(); }
     // Binds a host for as long as it lives; null unbinds.

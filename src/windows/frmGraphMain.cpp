@@ -28,6 +28,7 @@
 #include "commands/KeyStroke.h"
 #include "commands/MainCommands.h"
 #include "display/Papers.h"
+#include "info/HelpAndWeb.h"
 #include "entry/Entry.h"
 #include "plot/Appearance.h"
 #include "plot/Painter.h"
@@ -36,12 +37,13 @@
 #include "render/RasterSurface.h"
 #include "session/MainMenu.h"
 #include "windows/Icons.h"
-#include "windows/SplashPlaceholder.h"
 #include "windows/SurfaceView.h"
 #include "windows/Twips.h"
+#include "windows/frmAbout.h"
 #include "windows/frmEvalFX.h"
 #include "windows/frmFillRange.h"
 #include "windows/frmLineWidth.h"
+#include "windows/frmLogo.h"
 
 // The icons live in the render library's resources; a static library keeps them only when
 // something asks for them by name.
@@ -390,6 +392,9 @@ bool frmGraphMain::RunCommand(HostCommand command, int index) {
     case HostCommand::CopyGraph:
         CopyGraph();
         return true;
+    case HostCommand::About:
+        windows::ShowAbout(platform_, this);
+        return true;
     default:
         // The other windows and dialogs are not there yet.
         return false;
@@ -428,7 +433,7 @@ void frmGraphMain::Form_Load() {
     PrepareMainWindow(s_);
     MakeSavedProblemsFolder();
     if (options_.ShowSplash) {
-        app::SplashPlaceholder splash;
+        windows::frmLogo splash;
         splash.exec();
     }
     RedrawGraph(s_);

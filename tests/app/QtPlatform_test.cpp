@@ -4,7 +4,6 @@
 
 #include "app/QtPlatform.h"
 #include "support/QtApp.h"
-#include "windows/SplashPlaceholder.h"
 #include "windows/SurfaceView.h"
 
 namespace vt::app {
@@ -38,14 +37,6 @@ TEST(SurfaceView, KeysBecomeTheProgramsKeyCodes) {
     }
     EXPECT_EQ(ClassicShift(Qt::ShiftModifier | Qt::AltModifier), 5);
     EXPECT_EQ(ClassicButton(Qt::RightButton), 2);
-}
-
-TEST(SplashPlaceholder, ClosesItselfAfterItsTime) {
-    test::QtApp();
-    SplashPlaceholder splash(nullptr, 30);
-    EXPECT_EQ(splash.size(), QSize(542, 240));
-    EXPECT_EQ(splash.exec(), QDialog::Accepted);
-    EXPECT_FALSE(splash.isVisible());
 }
 
 } // namespace vt::app

@@ -220,7 +220,7 @@ TEST(MainWindow, ColourCommandsReachTheSwatchesAndTheGraphAndTheOthersSaySo) {
     EXPECT_EQ(w->Pixel(graph, 5, 5), 0xFFFFFFu);
     EXPECT_EQ(w->window->Picture1(2)->ShownColour(), 0x00C000u);
     // Commands without their windows say so; Exit only hides.
-    for (const char* item : {"mnuGraphPrint", "mnuSave", "mnuAbout"})
+    for (const char* item : {"mnuGraphPrint", "mnuSave", "mnuBitMap"})
         w->window->MenuItem(item)->trigger();
     EXPECT_EQ(w->platform.Messages(), Texts(3, NotAvailableText));
     w->window->MenuItem("mnuGraphExit")->trigger();

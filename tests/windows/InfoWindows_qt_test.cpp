@@ -1,0 +1,174 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <memory>
+
+#include "app/QtPlatform.h"
+#include "info/SystemInfo.h"
+#include "windows/frmGraphMain.h"
+#include "support/QtApp.h"
+#include "support/ScriptedPlatform.h"
+#include "windows/HelpBrowser.h"
+#include "windows/frmAbout.h"
+#include "windows/frmLogo.h"
+
+namespace vt::windows {
+
+namespace {
+
+const QString Book = QStringLiteral(VERITRACE_HELP_BOOK);
+
+QString BookPage(const char* name) {
+    return Book + QLatin1Char('/') + QLatin1String(name);
+}
+
+} // namespace
+
+TEST(frmLogo, ClosesItselfAtTheFirstTick) {
+    test::QtApp();
+    frmLogo splash(nullptr, 40);
+    EXPECT_EQ(splash.size(), QSize(542, 240));
+    EXPECT_EQ(splash.Image1()->pixmap().size(), QSize(542, 240));
+    EXPECT_FALSE(splash.logotime()->isActive()) << "the timer starts when the window loads";
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_EQ(splash.exec(), QDialog::Accepted);
+    EXPECT_GE(clock.elapsed(), 35);
+    EXPECT_FALSE(splash.logotime()->isActive());
+    EXPECT_FALSE(splash.isVisible());
+    EXPECT_EQ(frmLogo().logotime()->interval(), 3000);
+}
+
+TEST(frmAbout, SystemInfoSaysItIsUnavailableWithoutARegistry) {
+    test::QtApp();
+    test::ScriptedPlatform platform;
+    frmAbout about(platform);
+    EXPECT_EQ(about.windowTitle(), QStringLiteral("About Veritrace"));
+    EXPECT_EQ(about.cmdSysInfo()->text(), QStringLiteral("System Info..."));
+    about.show();
+    about.cmdSysInfo()->click();
+    EXPECT_EQ(platform.Messages(), std::vector<std::string>{SysInfoUnavailableText});
+    EXPECT_TRUE(about.isVisible()) << "the message leaves the window open";
+    about.Command1()->click();
+    EXPECT_FALSE(about.isVisible());
+    EXPECT_EQ(about.result(), QDialog::Accepted);
+}
+
+TEST(HelpBrowser, OpensTheBookWithContentsIndexAndSearch) {
+    test::QtApp();
+    HelpBrowser help;
+    ASSERT_TRUE(help.Open(BookPage("index.html")));
+    EXPECT_EQ(help.CurrentPage(), QStringLiteral("index.html"));
+    EXPECT_EQ(help.Viewer()->documentTitle(), QStringLiteral("Veritrace Help"));
+
+    // Contents: the pages the first page lists, in its order, each with its sections.
+    QTreeWidget* contents = help.Contents();
+    ASSERT_GE(contents->topLevelItemCount(), 10);
+    EXPECT_EQ(contents->topLevelItem(0)->text(0), QStringLiteral("Getting started"));
+    EXPECT_GT(contents->topLevelItem(0)->childCount(), 0);
+    // A section entry opens its page.
+    QTreeWidgetItem* section = contents->topLevelItem(1)->child(1);
+    ASSERT_NE(section, nullptr);
+    emit contents->itemClicked(section, 0);
+    EXPECT_EQ(help.CurrentPage(), QStringLiteral("typing.html"));
+    EXPECT_TRUE(help.Viewer()->source().hasFragment());
+
+    // Index: keywords lead to their pages; typing the first letters finds an entry.
+    EXPECT_TRUE(help.PagesOfKeyword(QStringLiteral("Fraction")).contains("typing.html"));
+    EXPECT_TRUE(help.PagesOfKeyword(QStringLiteral("no such word")).isEmpty());
+    help.IndexFilter()->setText(QStringLiteral("regr"));
+    ASSERT_NE(help.IndexList()->currentItem(), nullptr);
+    EXPECT_TRUE(
+        help.IndexList()->currentItem()->text().startsWith("Regression", Qt::CaseInsensitive));
+    emit help.IndexFilter()->returnPressed();
+    EXPECT_EQ(help.CurrentPage(), QStringLiteral("regression.html"));
+
+    // Search: every word must be on the page; case does not matter.
+    const std::pair<const char*, const char*> searches[] = {{"ORDER polynomial", "regression.html"},
+                                                            {"Saved Problems vtx", "files.html"},
+                                                            {"could not be graphed", "view.html"}};
+    for (const auto& [words, page] : searches)
+        EXPECT_TRUE(help.Search(QString::fromLatin1(words)).contains(page)) << words;
+    EXPECT_TRUE(help.Search(QStringLiteral("fraction qqqzzz")).isEmpty());
+    // An index word finds its page, though the page's text never uses it.
+    help.SearchText()->setText(QStringLiteral("hatching"));
+    emit help.SearchText()->returnPressed();
+    ASSERT_EQ(help.SearchResults()->count(), 1);
+    emit help.SearchResults()->itemClicked(help.SearchResults()->item(0));
+    EXPECT_EQ(help.CurrentPage(), QStringLiteral("area.html"));
+}
+
+TEST(HelpBrowser, SaysSoWhenTheBookIsMissing) {
+    test::QtApp();
+    HelpBrowser help;
+    QTemporaryDir empty;
+    EXPECT_FALSE(help.Open(empty.filePath(QStringLiteral("help/index.html"))));
+    EXPECT_TRUE(help.Viewer()->toPlainText().contains(QStringLiteral("not found")));
+    EXPECT_EQ(help.Contents()->topLevelItemCount(), 0);
+    EXPECT_TRUE(help.CurrentPage().isEmpty());
+}
+
+TEST(HelpTopics, OpensTheProgramsHelpWindowAtItsIndex) {
+    test::QtApp();
+    // The main window asks its platform for the book beside the program.
+    {
+        auto s = std::make_unique<Session>();
+        test::ScriptedPlatform platform;
+        MainWindowOptions options;
+        options.ShowSplash = false;
+        options.ProgramDir = "/opt/vt";
+        frmGraphMain window(*s, platform, options);
+        window.Form_Load();
+        window.MenuClick("mnuHelpTopics");
+        window.MenuClick("mnuVeritrace");
+        window.MenuClick("mnuHomePage");
+        window.ToolbarClick(16);
+        window.MenuClick("mnuOnlineSupport");
+        // About is modal: it is closed from inside its own event loop.
+        QString aboutTitle;
+        QTimer::singleShot(0, [&aboutTitle] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (auto* about = dynamic_cast<frmAbout*>(modal)) {
+                aboutTitle = about->windowTitle();
+                about->Command1()->click();
+            } else if (modal) {
+                modal->close();
+            }
+        });
+        window.MenuClick("mnuAbout");
+        EXPECT_EQ(aboutTitle, QStringLiteral("About Veritrace"));
+        std::vector<std::string> shown;
+        for (const auto& call : platform.Calls)
+            shown.push_back(call.Kind + " " + call.Text);
+        EXPECT_EQ(shown, (std::vector<std::string>{"ShowHelp /opt/vt/help/index.html",
+                                                   "OpenWebPage /opt/vt/help/web/veritrace.html",
+                                                   "OpenWebPage /opt/vt/help/web/home.html",
+                                                   "OpenWebPage /opt/vt/help/web/home.html",
+                                                   "OpenWebPage /opt/vt/help/web/support.html"}));
+    }
+    // The Qt platform shows it in the program's own help window, on the Index tab.
+    app::QtPlatform platform;
+    platform.ShowHelp(BookPage("index.html").toStdString());
+    HelpBrowser* help = platform.HelpWindow();
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->CurrentPage(), QStringLiteral("index.html"));
+    EXPECT_EQ(help->Tabs()->currentIndex(), HelpBrowser::IndexTab);
+    // Asking again reuses the window.
+    platform.ShowHelp(BookPage("index.html").toStdString());
+    EXPECT_EQ(platform.HelpWindow(), help);
+    help->close();
+}
+
+} // namespace vt::windows
