@@ -6,10 +6,10 @@
 #include <memory>
 #include <string>
 
-#include "output/DataFile.h"
 #include "commands/SaveLoad.h"
-#include "session/Session.h"
 #include "commands/Startup.h"
+#include "output/DataFile.h"
+#include "session/Session.h"
 
 namespace {
 

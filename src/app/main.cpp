@@ -73,6 +73,8 @@ int main(int argc, char* argv[]) {
     options.ShowSplash = args.Splash && args.Screenshot.isEmpty();
     // The whole command line is one file name, spaces and all.
     options.CommandLine = args.Files.join(QLatin1Char(' ')).toStdString();
+    // Print Setup chooses the printer that Print Graph prints on.
+    options.Printer = &platform.Printer();
 
     vt::frmGraphMain window(*session, platform, options);
     platform.SetParent(&window);

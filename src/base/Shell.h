@@ -33,6 +33,7 @@ enum class HostCommand {
     GraphDefault,
     Swatch, // a click on a row's colour swatch; the index is the row
     About,
+    Explain, // frmExplain, the regression equation window
 };
 
 class Shell {
@@ -53,7 +54,6 @@ class Shell {
 
     // Enter on a complete row: the Graph! command.
     virtual void GraphCommand() = 0;
-
 
     // Runs a command that has a window or dialog of its own. False when this host has none for
     // it; the caller then says the command is not available.

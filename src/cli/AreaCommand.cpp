@@ -1,11 +1,11 @@
 // veritrace-cli area: the area under one function between two x, as Calculate Area works it out.
 
 #include "analysis/Area.h"
+#include "base/NumberText.h"
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "cli/Limits.h"
-#include "base/NumberText.h"
 
 namespace vt::cli {
 
@@ -35,6 +35,7 @@ Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out) {
     parser.addOption(QCommandLineOption("slot", "The function row, 0 to 4 (default 0).", "N", "0"));
     AddKeysOption(parser);
     AddJsonOption(parser);
+    AddBracketNegativeXOption(parser);
     if (const auto code = ReadArguments(parser, arguments, out)) return *code;
     AreaJob job;
     auto keys = ReadKeys(parser, out);
@@ -47,10 +48,12 @@ Parsed<AreaJob> ParseArea(const QStringList& arguments, Output& out) {
     if (!slotOk || job.Slot < 0 || job.Slot >= UsableSlots)
         return BadArgument(out, "veritrace-cli area: --slot must be a row from 0 to 4");
     job.Keys = std::move(*keys);
+    job.File = ReadFileOption(parser);
     job.From = parser.value("from").toStdString();
     job.To = parser.value("to").toStdString();
     job.Step = parser.value("step").toStdString();
     job.Json = parser.isSet("json");
+    job.BracketNegativeX = parser.isSet("bracket-negative-x");
     return job;
 }
 
@@ -73,7 +76,8 @@ int RunArea(const AreaJob& job, Output& out) {
                                     " samples; at most " + NumberText(MaxSamples) + " are taken");
 
     HeadlessSession headless;
-    headless.LoadRows(job.Keys);
+    headless.S().BracketNegativeX = job.BracketNegativeX;
+    if (!headless.LoadFunctions(job.Keys, job.File, out)) return ExitRefused;
     const AreaOutcome outcome = CalculateArea(headless.S(), job.From, job.To, job.Step, job.Slot);
     if (job.Json)
         PrintJson(out, {{"area", JsonText(outcome.Text)}});

@@ -2,10 +2,10 @@
 
 #include <QJsonArray>
 
+#include "base/NumberText.h"
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
-#include "base/NumberText.h"
 #include "translate/breakdown/Breakdown.h"
 
 namespace vt::cli {
@@ -50,13 +50,15 @@ Parsed<BreakdownJob> ParseBreakdown(const QStringList& arguments, Output& out) {
     auto keys = ReadKeys(parser, out);
     if (!keys) return ExitUsage;
     const bool tokensGiven = parser.isSet("tokens");
-    if (keys->size() + (tokensGiven ? 1 : 0) != 1)
-        return BadArgument(
-            out,
-            "veritrace-cli breakdown: give the equation once, with -k KEYS or --tokens TOKENS");
+    const bool fileGiven = parser.isSet("file");
+    if (keys->size() + (tokensGiven ? 1 : 0) + (fileGiven ? 1 : 0) != 1)
+        return BadArgument(out, "veritrace-cli breakdown: give the equation once, with -k KEYS, "
+                                "--tokens TOKENS or -f FILE.vtx");
     BreakdownJob job;
     if (tokensGiven)
         job.Tokens = parser.value("tokens").toStdString();
+    else if (fileGiven)
+        job.File = ReadFileOption(parser);
     else
         job.Keys = keys->front();
     job.Json = parser.isSet("json");
@@ -70,7 +72,9 @@ int RunBreakdown(const BreakdownJob& job, Output& out) {
     if (job.Tokens) {
         loaded = SetBreakdownTokens(s, SplitBreakdownTokens(*job.Tokens));
     } else {
-        headless.LoadRows({*job.Keys});
+        const std::vector<std::string> keys =
+            job.Keys ? std::vector<std::string>{*job.Keys} : std::vector<std::string>{};
+        if (!headless.LoadFunctions(keys, job.File, out)) return ExitRefused;
         loaded = CopySlotToBreakdown(s, 0);
     }
     BreakdownRun run;

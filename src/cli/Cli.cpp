@@ -68,6 +68,12 @@ const std::vector<Command>& Commands() {
          ParseAndRun<FitJob, ParseFit, RunFit>},
         {"breakdown", "read an equation into signed rational terms, stage by stage",
          ParseAndRun<BreakdownJob, ParseBreakdown, RunBreakdown>},
+        {"save", "write the graph data file the window would save for keys and points",
+         ParseAndRun<SaveJob, ParseSave, RunSave>},
+        {"load", "load a graph data file as the window does and show the session it leaves",
+         ParseAndRun<LoadJob, ParseLoad, RunLoad>},
+        {"print", "the printed page of Print Graph, heading, equations and graph, as a PDF",
+         ParseAndRun<PrintJob, ParsePrint, RunPrint>},
     };
     return commands;
 }
@@ -75,10 +81,26 @@ const std::vector<Command>& Commands() {
 void AddKeysOption(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption(
         {"k", "keys"}, "The keys of one function row (repeat for rows 1 to 4).", "KEYS"));
+    parser.addOption(QCommandLineOption(
+        {"f", "file"},
+        "A graph data file to load as the window loads it: its rows, points and trend, in place "
+        "of -k.",
+        "FILE.vtx"));
+}
+
+std::string ReadFileOption(const QCommandLineParser& parser) {
+    return parser.isSet("file") ? parser.value("file").toStdString() : std::string();
 }
 
 void AddJsonOption(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption("json", "Print one JSON object instead of text."));
+}
+
+void AddBracketNegativeXOption(QCommandLineParser& parser) {
+    parser.addOption(QCommandLineOption(
+        "bracket-negative-x",
+        "Put a negative x into the functions in brackets, as Bracket Negative x does: x^2 at -3 "
+        "is 9 (without it, -9)."));
 }
 
 void AddPictureOptions(QCommandLineParser& parser) {
@@ -131,6 +153,17 @@ std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& 
 }
 
 std::optional<std::vector<std::string>> ReadKeys(const QCommandLineParser& parser, Output& out) {
+    if (parser.isSet("file")) {
+        // The file holds the functions and the points; they are not given twice.
+        for (const QString& name : parser.optionNames()) {
+            if (name == "k" || name == "keys" || name == "p" || name == "m") {
+                out.Error("veritrace-cli: -f FILE gives the functions and the points; give no -" +
+                          name.left(1).toStdString() + " with it");
+                BadArgument(out, parser.helpText().toStdString());
+                return std::nullopt;
+            }
+        }
+    }
     std::vector<std::string> keys;
     for (const QString& value : parser.values("keys"))
         keys.push_back(value.toStdString());

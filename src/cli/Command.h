@@ -51,9 +51,11 @@ int ParseAndRun(const QStringList& arguments, Output& out) {
 // The table of commands, in the order the help lists them.
 const std::vector<Command>& Commands();
 
-// Adds -k/--keys (repeatable) and --json to a parser.
+// Adds -k/--keys (repeatable) with -f/--file, and --json, to a parser.
 void AddKeysOption(QCommandLineParser& parser);
 void AddJsonOption(QCommandLineParser& parser);
+// Adds --bracket-negative-x, for the commands that evaluate the functions.
+void AddBracketNegativeXOption(QCommandLineParser& parser);
 
 // Reads the arguments with the parser (which gets --help here). Returns the exit code to end
 // with now: 0 after printing the help, 2 after a parse error or a stray argument (with the
@@ -83,6 +85,10 @@ constexpr std::size_t MaxKeysPerRow = 4096;
 // The key strings given with -k, at most five of at most MaxKeysPerRow keys each; none (after
 // the message) otherwise.
 std::optional<std::vector<std::string>> ReadKeys(const QCommandLineParser& parser, Output& out);
+
+// The graph data file given with -f, or the empty string. ReadKeys refuses -f beside -k or
+// points.
+std::string ReadFileOption(const QCommandLineParser& parser);
 
 // Prints the message for a bad argument and gives the exit code for it.
 int BadArgument(Output& out, const std::string& message);

@@ -29,6 +29,7 @@ Parsed<EquationJob> ParseEquation(const QStringList& arguments, Output& out) {
     auto keys = ReadKeys(parser, out);
     if (!keys) return ExitUsage;
     job.Keys = std::move(*keys);
+    job.File = ReadFileOption(parser);
     const QString output = parser.value("output");
     if (output.isEmpty())
         return BadArgument(out, "veritrace-cli equation: give the picture to write with -o "
@@ -43,7 +44,7 @@ Parsed<EquationJob> ParseEquation(const QStringList& arguments, Output& out) {
 int RunEquation(const EquationJob& job, Output& out) {
     HeadlessSession headless;
     Session& s = headless.S();
-    headless.LoadRows(job.Keys);
+    if (!headless.LoadFunctions(job.Keys, job.File, out)) return ExitRefused;
     std::vector<int> filled;
     for (int i = 0; i < UsableSlots; ++i)
         if (!DisplayText(s, i).empty()) filled.push_back(i);

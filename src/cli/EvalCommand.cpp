@@ -2,10 +2,10 @@
 
 #include <QJsonArray>
 
+#include "base/NumberText.h"
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
-#include "base/NumberText.h"
 #include "plot/Evaluate.h"
 
 namespace vt::cli {
@@ -18,6 +18,7 @@ Parsed<EvalJob> ParseEval(const QStringList& arguments, Output& out) {
     parser.addOption(QCommandLineOption("at", "The x to evaluate at.", "X"));
     AddKeysOption(parser);
     AddJsonOption(parser);
+    AddBracketNegativeXOption(parser);
     if (const auto code = ReadArguments(parser, arguments, out)) return *code;
     EvalJob job;
     auto keys = ReadKeys(parser, out);
@@ -25,8 +26,10 @@ Parsed<EvalJob> ParseEval(const QStringList& arguments, Output& out) {
     if (!parser.isSet("at"))
         return BadArgument(out, "veritrace-cli eval: give the x to evaluate at with --at X");
     job.Keys = std::move(*keys);
+    job.File = ReadFileOption(parser);
     job.At = parser.value("at").toStdString();
     job.Json = parser.isSet("json");
+    job.BracketNegativeX = parser.isSet("bracket-negative-x");
     return job;
 }
 
@@ -39,7 +42,9 @@ int RunEval(const EvalJob& job, Output& out) {
 
     HeadlessSession headless;
     Session& s = headless.S();
-    headless.LoadRows(job.Keys);
+    s.BracketNegativeX = job.BracketNegativeX;
+    const auto keys = headless.LoadFunctions(job.Keys, job.File, out);
+    if (!keys) return ExitRefused;
     PreCalcFX(s);
     std::vector<std::string> values;
     for (int slot = 0; slot < UsableSlots; ++slot)
@@ -52,10 +57,10 @@ int RunEval(const EvalJob& job, Output& out) {
         PrintJson(out, {{"x", JsonText(job.At)}, {"values", list}});
         return ExitDone;
     }
-    for (std::size_t slot = 0; slot < job.Keys.size(); ++slot) {
-        if (job.Keys[slot].empty()) continue;
+    for (std::size_t slot = 0; slot < keys->size(); ++slot) {
+        if ((*keys)[slot].empty()) continue;
         out.Line("f" + std::to_string(slot + 1) + "(" + job.At + ") = " + values[slot] + "    [" +
-                 job.Keys[slot] + "]");
+                 (*keys)[slot] + "]");
     }
     return ExitDone;
 }

@@ -3,13 +3,15 @@
 #include <QJsonArray>
 
 #include "analysis/Area.h"
+#include "base/NumberText.h"
 #include "cli/Headless.h"
 #include "cli/Jobs.h"
 #include "cli/Json.h"
 #include "cli/Limits.h"
+#include "cli/PointEntry.h"
 #include "plot/Painter.h"
 #include "plot/Tracing.h"
-#include "base/NumberText.h"
+#include "plot/View.h"
 #include "render/PictureFile.h"
 
 namespace vt::cli {
@@ -59,7 +61,9 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
         "Paints the graph box of the functions as the window does (400 by 400 pixels) and\n"
         "writes it as a PNG or BMP image, or as SVG or PDF with lines and text as vectors.\n"
         "With --auto the view is first scaled as the toolbar's Graph button scales it. A view\n"
-        "too large or too narrow to paint is refused.");
+        "too large or too narrow to paint is refused. With -p, -m, --linear or --order it\n"
+        "paints regression mode instead: the grid, the curve fitted to the points, and the\n"
+        "points, entered as veritrace-cli fit enters them.");
     AddKeysOption(parser);
     parser.addOption(QCommandLineOption(
         {"o", "output"}, "The picture to write (.png, .bmp, .svg or .pdf).", "FILE"));
@@ -74,12 +78,15 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
         "Shade the area under the function between two x, as Shade Area does; STYLE is "
         "the fill style 0..7 (0 solid, 1 transparent, 2..7 hatches).",
         "FROM,TO[,STYLE]"));
+    AddBracketNegativeXOption(parser);
+    AddPointOptions(parser);
     AddJsonOption(parser);
     if (const auto code = ReadArguments(parser, arguments, out)) return *code;
     ExportJob job;
     auto keys = ReadKeys(parser, out);
     if (!keys) return ExitUsage;
     job.Keys = std::move(*keys);
+    job.File = ReadFileOption(parser);
 
     const QString output = parser.value("output");
     if (output.isEmpty())
@@ -114,12 +121,17 @@ Parsed<ExportJob> ParseExport(const QStringList& arguments, Output& out) {
     job.HideGrid = parser.isSet("hide-grid");
     job.Quadrants = parser.isSet("quadrants");
     job.Json = parser.isSet("json");
+    job.BracketNegativeX = parser.isSet("bracket-negative-x");
+    const std::optional<PointEntry> series = ReadPointEntry(parser, "export", out);
+    if (!series) return ExitUsage;
+    job.Series = *series;
     return job;
 }
 
 int RunExport(const ExportJob& job, Output& out) {
     HeadlessSession headless;
     Session& s = headless.S();
+    s.BracketNegativeX = job.BracketNegativeX;
     render::PictureFile picture(QString::fromStdString(job.ImagePath), job.Picture.Format,
                                 GraphBoxPixels, GraphBoxPixels, job.Picture.Scale);
     Surface& box = picture.SurfaceAt(0, 0, GraphBoxPixels, GraphBoxPixels);
@@ -127,7 +139,7 @@ int RunExport(const ExportJob& job, Output& out) {
 
     // As the window starts: the empty graph is painted once before anything is typed.
     RedrawGraph(s);
-    headless.LoadRows(job.Keys);
+    if (!headless.LoadFunctions(job.Keys, job.File, out)) return ExitRefused;
     s.ViewXMin = job.View.XMin;
     s.ViewXMax = job.View.XMax;
     s.ViewYMin = job.View.YMin;
@@ -135,10 +147,15 @@ int RunExport(const ExportJob& job, Output& out) {
     s.HideGridChecked = job.HideGrid;
     s.GraphQuadrantChecked = job.Quadrants;
     if (job.Shade) ApplyShade(s, job.Shade->From, job.Shade->To, job.Shade->Style);
-    if (job.Auto)
+    if (!job.Series.Empty()) {
+        // Regression mode: every redraw, the Graph button's included, is the regression redraw.
+        EnterPoints(s, job.Series);
+        RedrawRegression(s);
+    } else if (job.Auto) {
         AutoGraph(s);
-    else
+    } else {
         RedrawGraph(s);
+    }
 
     if (std::string error; !picture.Finish(error)) {
         out.Error("veritrace-cli export: " + error);

@@ -23,9 +23,11 @@ Parsed<FormulasJob> ParseFormulas(const QStringList& arguments, Output& out) {
     FormulasJob job;
     auto keys = ReadKeys(parser, out);
     if (!keys) return ExitUsage;
-    if (keys->empty())
-        return BadArgument(out, "veritrace-cli formulas: give at least one function with -k KEYS");
+    if (keys->empty() && !parser.isSet("file"))
+        return BadArgument(out, "veritrace-cli formulas: give at least one function with -k KEYS "
+                                "or a graph data file with -f FILE.vtx");
     job.Keys = std::move(*keys);
+    job.File = ReadFileOption(parser);
     job.Json = parser.isSet("json");
     return job;
 }
@@ -33,7 +35,8 @@ Parsed<FormulasJob> ParseFormulas(const QStringList& arguments, Output& out) {
 int RunFormulas(const FormulasJob& job, Output& out) {
     HeadlessSession headless;
     Session& s = headless.S();
-    headless.LoadRows(job.Keys);
+    const auto keys = headless.LoadFunctions(job.Keys, job.File, out);
+    if (!keys) return ExitRefused;
     PreCalcFX(s);
     const bool canGraph = CanGraph(s);
 
@@ -43,7 +46,7 @@ int RunFormulas(const FormulasJob& job, Output& out) {
             const auto i = static_cast<std::size_t>(slot);
             rows.append(QJsonObject{
                 {"slot", slot},
-                {"keys", JsonText(i < job.Keys.size() ? job.Keys[i] : "")},
+                {"keys", JsonText(i < keys->size() ? (*keys)[i] : "")},
                 {"entry", JsonText(EntryText(s, slot))},
                 {"display", JsonText(DisplayText(s, slot))},
                 {"graphable", JsonText(GraphableText(s, slot))},
@@ -55,9 +58,9 @@ int RunFormulas(const FormulasJob& job, Output& out) {
         return ExitDone;
     }
 
-    for (int slot = 0; slot < static_cast<int>(job.Keys.size()); ++slot) {
+    for (int slot = 0; slot < static_cast<int>(keys->size()); ++slot) {
         out.Line("f" + std::to_string(slot + 1) + " (row " + std::to_string(slot) + ")");
-        out.Line("  keys:       " + job.Keys[static_cast<std::size_t>(slot)]);
+        out.Line("  keys:       " + (*keys)[static_cast<std::size_t>(slot)]);
         out.Line("  entry:      " + EntryText(s, slot));
         out.Line("  display:    " + DisplayText(s, slot));
         out.Line("  graphable:  " + GraphableText(s, slot));

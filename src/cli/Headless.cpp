@@ -1,10 +1,11 @@
 #include "cli/Headless.h"
 
 #include "commands/KeyStroke.h"
+#include "commands/SaveLoad.h"
+#include "commands/Startup.h"
 #include "entry/Entry.h"
 #include "render/EquationPaper.h"
 #include "render/Fonts.h"
-#include "commands/Startup.h"
 
 namespace vt::cli {
 
@@ -44,6 +45,28 @@ void HeadlessSession::LendRow(int slot, Surface& row) {
 
 void HeadlessSession::LoadRows(const std::vector<std::string>& keys) {
     ReplayRows(*session_, keys);
+}
+
+std::optional<std::vector<std::string>>
+HeadlessSession::LoadFunctions(const std::vector<std::string>& keys, const std::string& file,
+                               Output& out) {
+    if (file.empty()) {
+        LoadRows(keys);
+        return keys;
+    }
+    const std::size_t before = Messages().size();
+    LoadCommandFile(*session_, file);
+    if (Messages().size() > before) {
+        out.Error(Messages().back());
+        return std::nullopt;
+    }
+    std::vector<std::string> rows;
+    for (int slot = 0; slot < UsableSlots; ++slot)
+        rows.push_back(EntryText(*session_, slot));
+    // Empty rows at the end are no functions, as if no -k had been given for them.
+    while (!rows.empty() && rows.back().empty())
+        rows.pop_back();
+    return rows;
 }
 
 } // namespace vt::cli

@@ -4,10 +4,12 @@
 // rows and the graph box get image surfaces only when a command draws.
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/CliPlatform.h"
+#include "cli/Command.h"
 #include "render/RasterSurface.h"
 #include "session/Session.h"
 
@@ -37,6 +39,14 @@ class HeadlessSession {
 
     // Fills the rows from the key strings, rows 0 upward, as loading a graph data file does.
     void LoadRows(const std::vector<std::string>& keys);
+
+    // The functions of a command: the rows from the key strings, or, when a file is named, the
+    // whole session that graph data file loads into (rows, points, trend), loaded as the window
+    // loads a file named on its command line. Gives the key strings of the rows (with a file,
+    // the texts the rows hold after the load), or none when the load showed its message, which
+    // goes to the error output.
+    std::optional<std::vector<std::string>> LoadFunctions(const std::vector<std::string>& keys,
+                                                          const std::string& file, Output& out);
 
   private:
     std::unique_ptr<Session> session_;

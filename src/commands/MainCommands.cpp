@@ -160,6 +160,11 @@ void mnuGraphQuadrant_Click(Session& s) {
     PaintByMode(s);
 }
 
+void mnuBracketNegativeX_Click(Session& s) {
+    s.BracketNegativeX = !s.BracketNegativeX;
+    RedrawByMode(s);
+}
+
 void mnuToggleCoordinates_Click(Session& s) {
     s.ToggleCoordinatesChecked = !s.ToggleCoordinatesChecked;
 }
@@ -283,6 +288,7 @@ void RunMenuCommand(Session& s, const std::string& name) {
         {"mnuBackColor", [](Session& x) { Run(x, HostCommand::BackColor); }},
         {"mnuGraphDefault", [](Session& x) { Run(x, HostCommand::GraphDefault); }},
         {"mnuLineW", [](Session& x) { Run(x, HostCommand::LineWidth); }},
+        {"mnuBracketNegativeX", mnuBracketNegativeX_Click},
         {"mnuGraphReset", mnuGraphReset_Click},
         {"mnuGraphZoomIn", ZoomIn},
         {"mnuGraphZoomOut", ZoomOut},

@@ -41,6 +41,8 @@ void mnuClearData_Click(Session& s);
 void mnuHideGrid_Click(Session& s);
 void mnuGraphQuadrant_Click(Session& s);
 void mnuToggleCoordinates_Click(Session& s);
+// Bracket Negative x: a negative x goes into the functions in brackets, or bare (the default).
+void mnuBracketNegativeX_Click(Session& s);
 void mnuGraphIt_Click(Session& s);
 void mnuGraphPrintSetup_Click(Session& s);
 void mnuNearWhole_Click(Session& s);

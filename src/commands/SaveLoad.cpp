@@ -4,16 +4,17 @@
 #include <cmath>
 #include <exception>
 
+#include "base/NumberText.h"
+#include "base/Surface.h"
+#include "commands/KeyStroke.h"
+#include "commands/MainCommands.h"
 #include "entry/Entry.h"
 #include "output/Bitmap.h"
 #include "output/DataFile.h"
 #include "output/SafeFile.h"
-#include "commands/KeyStroke.h"
-#include "commands/MainCommands.h"
 #include "plot/PointSeries.h"
 #include "plot/View.h"
-#include "base/NumberText.h"
-#include "base/Surface.h"
+#include "translate/breakdown/Breakdown.h"
 
 namespace vt {
 
@@ -89,6 +90,8 @@ bool WriteGraphDataFile(const std::string& path, const std::string& dataText) {
 
 bool LoadGraphDataText(Session& s, const std::string& text) {
     ClearAllRows(s);
+    // The term tables of the equation breakdown go with the rows they were read from.
+    ClearBreakdown(s, false);
     for (int i = 1; i <= 4; ++i)
         s.RowVisible(i) = false;
     s.BlinkerLeft = BlinkerHomeLeft;

@@ -6,8 +6,8 @@
 
 #include <string>
 
-#include "session/Session.h"
 #include "base/Surface.h"
+#include "session/Session.h"
 
 namespace vt {
 

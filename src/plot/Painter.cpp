@@ -309,6 +309,10 @@ void formPaint(Session& s) {
     Surface* box = s.Host().GraphBox();
     if (!box) return;
     Painter(s, *box).Paint();
+    // A finished paint is shown at once, not when the window next gets round to it: a modal
+    // dialog reopened straight after (Calculate Area, Line Width) would otherwise sit over the
+    // old picture.
+    box->Refresh();
 }
 
 } // namespace vt

@@ -1,10 +1,10 @@
 #include "plot/PointSeries.h"
 
-#include "plot/RegressionOverlay.h"
-#include "entry/Entry.h"
-#include "plot/Painter.h"
 #include "base/NumberText.h"
 #include "base/Platform.h"
+#include "entry/Entry.h"
+#include "plot/Painter.h"
+#include "plot/RegressionOverlay.h"
 
 namespace vt {
 
@@ -167,6 +167,12 @@ int Check1_Click(Session& s) {
 
 void Command5_Click(Session& s) {
     s.RegressionEquation = s.FitObject.ReturnRegEq();
+}
+
+void ShowRegressionFunction(Session& s) {
+    Command5_Click(s);
+    if (!s.Host().RunCommand(HostCommand::Explain, 0))
+        s.Host().Dialogs().MsgBox(NotAvailableText, MsgOkOnly | MsgInformation, "");
 }
 
 } // namespace vt

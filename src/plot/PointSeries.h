@@ -59,6 +59,9 @@ int Check1_Click(Session& s);
 
 // "Regression Function" (Command5): the text for frmExplain, which the window then shows.
 void Command5_Click(Session& s);
+// The button as a whole: the text, then frmExplain through the host, or the message that the
+// command is not available where there is no window.
+void ShowRegressionFunction(Session& s);
 
 // Splits a text at every separator; an empty text gives no parts at all.
 std::vector<std::string> SplitText(const std::string& text, const std::string& separator);

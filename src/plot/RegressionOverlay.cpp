@@ -3,11 +3,11 @@
 #include <cmath>
 #include <optional>
 
-#include "plot/PointSeries.h"
-#include "plot/Painter.h"
-#include "plot/Tracing.h"
 #include "base/NumberText.h"
 #include "base/Surface.h"
+#include "plot/Painter.h"
+#include "plot/PointSeries.h"
+#include "plot/Tracing.h"
 
 namespace vt {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "fit/RegressionObject.h"
 #include "base/Checked.h"
+#include "fit/RegressionObject.h"
 
 namespace vt {
 

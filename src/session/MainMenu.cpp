@@ -46,6 +46,7 @@ const std::vector<MenuEntry>& MainMenuTree() {
         {"mnuGraphDefault", "&Default Colors", "Ctrl+D", 2},
         {"faege", "-", "", 1},
         {"mnuLineW", "Line Width", "", 1},
+        {"mnuBracketNegativeX", "Bracket Negative x", "", 1},
         {"mnuGraphWindow", "Graph &Window", "", 0},
         {"mnuGraphReset", "&Reset", "", 1},
         {"mnuGraphBreak3", "-", "", 1},

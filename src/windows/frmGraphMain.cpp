@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPrinter>
 #include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QSvgRenderer>
@@ -27,23 +28,28 @@
 #include "base/Platform.h"
 #include "commands/KeyStroke.h"
 #include "commands/MainCommands.h"
+#include "commands/SaveLoad.h"
 #include "display/Papers.h"
-#include "info/HelpAndWeb.h"
 #include "entry/Entry.h"
+#include "info/HelpAndWeb.h"
 #include "plot/Appearance.h"
 #include "plot/Painter.h"
+#include "plot/PointSeries.h"
 #include "plot/View.h"
 #include "render/Fonts.h"
 #include "render/RasterSurface.h"
 #include "session/MainMenu.h"
 #include "windows/Icons.h"
+#include "windows/RegressionPanel.h"
 #include "windows/SurfaceView.h"
 #include "windows/Twips.h"
 #include "windows/frmAbout.h"
 #include "windows/frmEvalFX.h"
+#include "windows/frmExplain.h"
 #include "windows/frmFillRange.h"
 #include "windows/frmLineWidth.h"
 #include "windows/frmLogo.h"
+#include "windows/frmPrintSetup.h"
 
 // The icons live in the render library's resources; a static library keeps them only when
 // something asks for them by name.
@@ -128,6 +134,7 @@ frmGraphMain::frmGraphMain(Session& s, Platform& platform, MainWindowOptions opt
     BuildToolbar();
     BuildGraphBox();
     BuildRows();
+    BuildRegressionPanel();
     BindSession();
     Mirror();
 }
@@ -179,6 +186,8 @@ void frmGraphMain::BuildMenus() {
     for (const char* checkable : {"mnuHideGrid", "mnuGraphQuadrant", "mnuToggleCoordinates",
                                   "mnuNearWhole", "mnuNearTen", "mnuPtSeries"})
         menuItems_.at(checkable)->setCheckable(true);
+    // Off at every start: the program keeps no settings.
+    menuItems_.at("mnuBracketNegativeX")->setCheckable(true);
 }
 
 void frmGraphMain::BuildToolbar() {
@@ -338,6 +347,26 @@ void frmGraphMain::BuildRows() {
     });
 }
 
+void frmGraphMain::BuildRegressionPanel() {
+    panel_ = new RegressionPanel(s_, client_);
+    panel_->hide();
+    panel_->Changed = [this] { Mirror(); };
+    panel_->ExitClicked = [this] {
+        SwitchMode();
+        Mirror();
+    };
+    panel_->FunctionClicked = [this] {
+        ShowRegressionFunction(s_);
+        Mirror();
+    };
+}
+
+void frmGraphMain::SwitchMode() {
+    const int row = mnuPtSeries_Click(s_);
+    Mirror();
+    if (row >= 0) vt::FocusRow(s_, row);
+}
+
 void frmGraphMain::BindSession() {
     s_.BindHost(this);
 }
@@ -395,10 +424,119 @@ bool frmGraphMain::RunCommand(HostCommand command, int index) {
     case HostCommand::About:
         windows::ShowAbout(platform_, this);
         return true;
+    case HostCommand::Save:
+    case HostCommand::Load:
+    case HostCommand::BitMap:
+    case HostCommand::GraphPrint:
+        return RunFileCommand(command);
+    case HostCommand::PtSeries:
+        SwitchMode();
+        return true;
+    case HostCommand::Explain:
+        ShowExplain(s_, this);
+        return true;
     default:
         // The other windows and dialogs are not there yet.
         return false;
     }
+}
+
+namespace {
+
+// The dialogs of a load: once the file is chosen, the keys are replayed under the hourglass,
+// which gives way to the normal pointer for a message and goes when the load ends.
+class LoadDialogs : public Platform {
+  public:
+    explicit LoadDialogs(Platform& inner) : inner_(inner) {}
+    ~LoadDialogs() override { Hourglass(false); }
+    LoadDialogs(const LoadDialogs&) = delete;
+    LoadDialogs& operator=(const LoadDialogs&) = delete;
+
+    void Hourglass(bool on) {
+        if (on == on_) return;
+        on_ = on;
+        if (on)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    }
+
+    int MsgBox(const std::string& prompt, int style, const std::string& title) override {
+        Hourglass(false);
+        return inner_.MsgBox(prompt, style, title);
+    }
+    Colour ChooseColour(Colour start) override { return inner_.ChooseColour(start); }
+    std::optional<std::string> OpenFileName(const FileDialogRequest& request) override {
+        std::optional<std::string> path = inner_.OpenFileName(request);
+        if (path) Hourglass(true);
+        return path;
+    }
+    std::optional<std::string> SaveFileName(const FileDialogRequest& request) override {
+        return inner_.SaveFileName(request);
+    }
+    bool ChoosePrinter() override { return inner_.ChoosePrinter(); }
+    void ShowHelp(const std::string& topic) override { inner_.ShowHelp(topic); }
+    void OpenWebPage(const std::string& address) override { inner_.OpenWebPage(address); }
+
+  private:
+    Platform& inner_;
+    bool on_ = false;
+};
+
+} // namespace
+
+Platform& frmGraphMain::Dialogs() {
+    return loadDialogs_ ? *loadDialogs_ : platform_;
+}
+
+QPrinter& frmGraphMain::Printer() {
+    if (options_.Printer) return *options_.Printer;
+    if (!ownPrinter_) ownPrinter_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    return *ownPrinter_;
+}
+
+bool frmGraphMain::RunFileCommand(HostCommand command) {
+    switch (command) {
+    case HostCommand::Save:
+        mnuSave_Click(s_);
+        return true;
+    case HostCommand::Load: {
+        LoadDialogs dialogs(platform_);
+        // A file named on the command line needs no dialog: the hourglass from the start.
+        if (!s_.CommandFile.empty()) dialogs.Hourglass(true);
+        loadDialogs_ = &dialogs;
+        mnuLoad_Click(s_);
+        loadDialogs_ = nullptr;
+        // The loaded functions are drawn at once.
+        RedrawByMode(s_);
+        return true;
+    }
+    case HostCommand::BitMap:
+        mnuBitMap_Click(s_);
+        return true;
+    case HostCommand::GraphPrint:
+        ShowPrintSetup();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void frmGraphMain::ShowPrintSetup() {
+    if (QApplication::activeModalWidget() != nullptr) {
+        frmPrintSetup dialog(s_, Printer(), QApplication::activeModalWidget());
+        dialog.exec();
+        return;
+    }
+    if (printSetup_ && printSetup_->isVisible()) {
+        printSetup_->raise();
+        printSetup_->activateWindow();
+        return;
+    }
+    auto* dialog = new frmPrintSetup(s_, Printer(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    printSetup_ = dialog;
+    dialog->show();
 }
 
 void frmGraphMain::CopyGraph() {
@@ -493,7 +631,8 @@ QToolButton* frmGraphMain::ToolbarButton(int index) const {
 void frmGraphMain::MirrorRows() {
     for (int i = 0; i < UsableSlots; ++i) {
         const auto slot = static_cast<std::size_t>(i);
-        const bool visible = s_.RowVisible(i);
+        // The regression panel takes the rows' place.
+        const bool visible = s_.RowVisible(i) && !s_.Panel.Visible;
         papers_[slot]->setVisible(visible);
         labels_[slot]->setVisible(visible);
         swatches_[slot]->setVisible(visible);
@@ -501,7 +640,7 @@ void frmGraphMain::MirrorRows() {
         papers_[slot]->update();
     }
     blinker_->setGeometry(Twips(s_.BlinkerLeft, s_.BlinkerTop, 495, 495));
-    blinker_->setVisible(s_.BlinkerVisible);
+    blinker_->setVisible(s_.BlinkerVisible && !s_.Panel.Visible);
 }
 
 void frmGraphMain::MirrorListView() {
@@ -542,12 +681,15 @@ void frmGraphMain::Mirror() {
     menuItems_.at("mnuNearWhole")->setChecked(s_.NearWholeChecked);
     menuItems_.at("mnuNearTen")->setChecked(s_.NearTenChecked);
     menuItems_.at("mnuPtSeries")->setChecked(s_.PtSeriesChecked);
+    menuItems_.at("mnuBracketNegativeX")->setChecked(s_.BracketNegativeX);
 
     MirrorRows();
     label2_->setText(QString::fromStdString(s_.Label2Caption));
     graph_->setToolTip(QString::fromStdString(s_.GraphTip));
     graph_->update();
     MirrorListView();
+    panel_->Mirror();
+    if (s_.Panel.Visible) panel_->raise();
 }
 
 } // namespace vt

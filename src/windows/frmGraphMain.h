@@ -5,6 +5,7 @@
 // the designed one, in twips turned into pixels at 15 twips a pixel.
 
 #include <QMainWindow>
+#include <QPointer>
 #include <array>
 #include <map>
 #include <memory>
@@ -15,6 +16,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QPrinter;
 class QToolBar;
 class QToolButton;
 class QTreeWidget;
@@ -33,12 +35,17 @@ class ColourSwatch;
 class ClickLabel;
 } // namespace app
 
+class RegressionPanel;
+
 struct MainWindowOptions {
     bool ShowSplash = true;
     // The command line as given: one optional graph data file name.
     std::string CommandLine;
     // The program's own folder, where "Saved Problems" goes; empty for the executable's.
     std::string ProgramDir;
+    // The printer that Print Setup chooses and Print Graph prints on; the window's own when
+    // null.
+    QPrinter* Printer = nullptr;
 };
 
 // It is also the session's host: the logic reaches the rows, the graph box, the dialogs and the
@@ -80,9 +87,10 @@ class frmGraphMain : public QMainWindow, public Shell {
     QToolButton* Command6() const { return command6_; }
     QTreeWidget* ListView1() const { return listView1_; }
     QWidget* ClientArea() const { return client_; }
+    RegressionPanel* Panel() const { return panel_; }
 
     // The session's host.
-    Platform& Dialogs() override { return platform_; }
+    Platform& Dialogs() override;
     Surface* GraphBox() override;
     Surface* RowSurface(int row) override;
     bool FocusRow(int row) override;
@@ -103,6 +111,16 @@ class frmGraphMain : public QMainWindow, public Shell {
     void CopyGraph();
     void MirrorRows();
     void MirrorListView();
+    // Save Graph Data, Load Graph Data (the replay under the hourglass), Save Graph As Bitmap
+    // and Print Graph.
+    bool RunFileCommand(HostCommand command);
+    // Print Options: modal over a modal dialog (the area dialog's Print Graph), not modal from
+    // the menu.
+    void ShowPrintSetup();
+    QPrinter& Printer();
+    void BuildRegressionPanel();
+    // Regression mode on or off, and the focus where the switch says.
+    void SwitchMode();
 
     Session& s_;
     Platform& platform_;
@@ -126,6 +144,12 @@ class frmGraphMain : public QMainWindow, public Shell {
     app::ClickLabel* label2_ = nullptr;
     QToolButton* command2_ = nullptr;
     QToolButton* command6_ = nullptr;
+
+    // The dialogs while a load runs; the platform's otherwise.
+    Platform* loadDialogs_ = nullptr;
+    std::unique_ptr<QPrinter> ownPrinter_;
+    QPointer<QWidget> printSetup_; // the open Print Options, not modal
+    RegressionPanel* panel_ = nullptr;
 };
 
 } // namespace vt

@@ -96,23 +96,13 @@ TEST(NumberText, AgreesWithTheFormatsOfTheCLibrary) {
 
 TEST(NumberText, ReadBackWithoutTextIsTheTextRoundTrip) {
     std::mt19937_64 rng(11);
-    const double edges[] = {1e14,
-                            1e15,
-                            1e-8,
-                            9.99999999999999e-9,
-                            1e36,
-                            1e37,
-                            99999999999999.95,
-                            999999999999999.5,
-                            0.025,
-                            1e-310,
-                            4.9e-324,
-                            std::ldexp(1.5, -27), // the ends of the quick route's table
-                            std::ldexp(1.5, -26),
-                            std::ldexp(1.5, 46),
-                            std::ldexp(1.5, 49),
-                            std::numeric_limits<double>::max(),
-                            1.79769313486231e308};
+    // clang-format off
+    const double edges[] = {
+        1e14, 1e15, 1e-8, 9.99999999999999e-9, 1e36, 1e37, 99999999999999.95, 999999999999999.5,
+        0.025, 1e-310, 4.9e-324, std::numeric_limits<double>::max(), 1.79769313486231e308,
+        // the ends of the quick route's table
+        std::ldexp(1.5, -27), std::ldexp(1.5, -26), std::ldexp(1.5, 46), std::ldexp(1.5, 49)};
+    // clang-format on
     for (double v : edges) {
         EXPECT_EQ(Bits(RoundToNumberText(v)), Bits(PrefixNumber(NumberText(v)))) << v;
         EXPECT_EQ(Bits(RoundToNumberText(-v)), Bits(PrefixNumber(NumberText(-v)))) << v;
@@ -188,24 +178,14 @@ TEST(NumberText, RoundHalfEvenAgreesWithTheExactDecimalRounding) {
 }
 
 TEST(NumberText, AreaFormat) {
-    const std::pair<double, const char*> cases[] = {{12.5, "12.50"},
-                                                    {0.123456, "0.1235"},
-                                                    {0, "0.00"},
-                                                    {-0.0, "0.00"},
-                                                    {1.1, "1.10"},
-                                                    {1.2345, "1.2345"},
-                                                    {1.23451, "1.2345"},
-                                                    {0.00005, "0.0001"},
-                                                    {0.00004999, "0.00"},
-                                                    {-0.00001, "-0.00"},
-                                                    {-12.34567, "-12.3457"},
-                                                    {0.99995, "1.00"},
-                                                    {9.99996, "10.00"},
-                                                    {1.5e20, "150000000000000000000.00"},
-                                                    {1e-7, "0.00"},
-                                                    {2.675, "2.675"},
-                                                    {0.125, "0.125"},
-                                                    {-0.00015, "-0.0002"}};
+    // clang-format off
+    const std::pair<double, const char*> cases[] = {
+        {12.5, "12.50"}, {0.123456, "0.1235"}, {0, "0.00"}, {-0.0, "0.00"}, {1.1, "1.10"},
+        {1.2345, "1.2345"}, {1.23451, "1.2345"}, {0.00005, "0.0001"}, {0.00004999, "0.00"},
+        {-0.00001, "-0.00"}, {-12.34567, "-12.3457"}, {0.99995, "1.00"}, {9.99996, "10.00"},
+        {1.5e20, "150000000000000000000.00"}, {1e-7, "0.00"}, {2.675, "2.675"}, {0.125, "0.125"},
+        {-0.00015, "-0.0002"}};
+    // clang-format on
     for (const auto& [value, text] : cases)
         EXPECT_EQ(FormatArea(value), text) << value;
 }

@@ -9,11 +9,11 @@ namespace {
 
 TEST(HeadlessShell, AnswersEveryMessageAsDismissed) {
     // {style, answer}: a question no one reads is answered "No", a cancel box "Cancel".
-    const std::pair<int, int> cases[] = {{MsgOkOnly, MsgResultOk},
-                                         {MsgOkCancel, MsgResultCancel},
-                                         {MsgYesNo | MsgQuestion, MsgResultNo},
-                                         {MsgYesNoCancel, MsgResultNo},
-                                         {MsgOkOnly | MsgInformation, MsgResultOk}};
+    // clang-format off
+    const std::pair<int, int> cases[] = {
+        {MsgOkOnly, MsgResultOk}, {MsgOkCancel, MsgResultCancel}, {MsgYesNoCancel, MsgResultNo},
+        {MsgYesNo | MsgQuestion, MsgResultNo}, {MsgOkOnly | MsgInformation, MsgResultOk}};
+    // clang-format on
     HeadlessShell host;
     for (const auto& [style, answer] : cases)
         EXPECT_EQ(host.Dialogs().MsgBox("?", style, ""), answer) << style;

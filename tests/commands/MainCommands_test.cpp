@@ -4,9 +4,9 @@
 #include <array>
 #include <memory>
 
-#include "plot/PointSeries.h"
 #include "commands/MainCommands.h"
 #include "entry/EntryTesting.h"
+#include "plot/PointSeries.h"
 #include "support/RecordingShell.h"
 #include "support/ScriptedPlatform.h"
 
@@ -179,11 +179,11 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
 TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
     // {keys into row 0, another row left incomplete (-1: none), the commands open}: Backspace
     // on an empty row is a keystroke too.
-    const std::tuple<const char*, int, bool> cases[] = {{"x+1", -1, true},
-                                                        {"x+", -1, false},
-                                                        {"\b", -1, false},
-                                                        {"x+1", 9, false},
-                                                        {"x^", 3, false}};
+    // clang-format off
+    const std::tuple<const char*, int, bool> cases[] = {
+        {"x+1", -1, true}, {"x+", -1, false}, {"\b", -1, false}, {"x+1", 9, false},
+        {"x^", 3, false}};
+    // clang-format on
     for (const auto& [keys, otherIncomplete, open] : cases) {
         SCOPED_TRACE(keys);
         Fixture f;

@@ -6,11 +6,11 @@
 #include <unistd.h>
 
 #include "commands/KeyStroke.h"
+#include "commands/SaveLoad.h"
+#include "commands/Startup.h"
 #include "entry/Entry.h"
 #include "output/DataFile.h"
 #include "output/SafeFile.h"
-#include "commands/SaveLoad.h"
-#include "commands/Startup.h"
 #include "support/RecordingSurface.h"
 #include "support/ScriptedPlatform.h"
 
@@ -79,6 +79,11 @@ std::string Points(int n) {
     return out;
 }
 
+// A linear series of n points and no functions.
+std::string Series(int n) {
+    return "BBBBBBBBBB" + Points(n) + "TrueBB2BB\r\n";
+}
+
 const std::string Example = "2x+1BBBBBBBBBB1BB2BB3BB4.5BBFalseBB3BB\r\n";
 
 TEST(SaveLoad, LoadsAsTheFileSays) {
@@ -93,34 +98,24 @@ TEST(SaveLoad, LoadsAsTheFileSays) {
         int degree;
         int lastVisibleRow; // rows 1..4 visible up to this one
     } cases[] = {
+        // clang-format off
         {"example", Example, false, "2x+1|||||", 2, false, "3", 3, 0},
         {"no line end", "2x+1BBBBBBBBBBFalseBB3BB", false, "2x+1|||||", 0, false, "3", 3, 0},
         {"no functions", "BBBBBBBBBBFalseBB2BB\r\n", false, "|||||", 0, false, "2", 2, 0},
-        {"linear keeps its order", "xBBBBBBBBBBTrueBB4BB\r\n", false, "x|||||", 0, true, "4", 1, 0},
-        {"empty row between", "xBBBBx+1BBBBBBTrueBB2BB\r\n", false, "x||x+1|||", 0, true, "2", 1,
-         2},
+        {"linear, order kept", "xBBBBBBBBBBTrueBB4BB\r\n", false, "x|||||", 0, true, "4", 1, 0},
+        {"row between", "xBBBBx+1BBBBBBTrueBB2BB\r\n", false, "x||x+1|||", 0, true, "2", 1, 2},
         {"last row", "BBBBBBBBS(x)BBFalseBB10BB\r\n", false, "||||S(x)|", 0, false, "10", 10, 4},
-        {"refused keys vanish", "x)+2BBBBBBBBBBTrueBB2BB\r\n", false, "x+2|||||", 0, true, "2", 1,
-         0},
-        {"500 points", "BBBBBBBBBB" + Points(500) + "TrueBB2BB\r\n", false, "|||||", 500, true, "2",
-         1, 0},
-        {"501 points", "BBBBBBBBBB" + Points(501) + "TrueBB2BB\r\n", true, "|||||", 501, true, "2",
-         1, 0},
-        {"10000 points", "BBBBBBBBBB" + Points(10000) + "TrueBB2BB\r\n", true, "|||||", 501, true,
-         "2", 1, 0},
-        {"text points read as 0", "BBBBBBBBBBabcBB1,5BBFalseBB2BB", false, "|||||", 1, false, "2",
-         2, 0},
-        {"order out of the list", "xBBBBBBBBBBFalseBB11BB\r\n", true, "x|||||", 0, false, "2", 2,
-         0},
+        {"keys refused", "x)+2BBBBBBBBBBTrueBB2BB\r\n", false, "x+2|||||", 0, true, "2", 1, 0},
+        {"500 points", Series(500), false, "|||||", 500, true, "2", 1, 0},
+        {"501 points", Series(501), true, "|||||", 501, true, "2", 1, 0},
+        {"10000 points", Series(10000), true, "|||||", 501, true, "2", 1, 0},
+        {"text points: 0", "BBBBBBBBBBabcBB1,5BBFalseBB2BB", false, "|||||", 1, false, "2", 2, 0},
+        {"order not listed", "xBBBBBBBBBBFalseBB11BB\r\n", true, "x|||||", 0, false, "2", 2, 0},
         {"order field a row's text", "aBBbBBcBBdBBxBB", true, "||||x|", 0, true, "2", 1, 4},
         {"separators only", "BBBBBBBBBBBB", true, "|||||", 0, true, "2", 1, 0},
         {"too few fields", "x+1BB2xBB", true, "x+1|2x||||", 0, true, "2", 1, 0},
-        {"binary",
-         std::string("\0\x01\xff\x1a"
-                     "BB\x80",
-                     7),
-         true, "|||||", 0, true, "2", 1, 0},
-    };
+        {"binary", std::string("\0\x01\xff\x1a" "BB\x80", 7), true, "|||||", 0, true, "2", 1, 0}};
+    // clang-format on
     for (const Case& c : cases) {
         Fixture f;
         const auto messages = f.Load(c.bytes);
@@ -164,6 +159,25 @@ TEST(SaveLoad, NothingToLoadChangesNothing) {
     EXPECT_EQ(f.Rows(), "x^2|||||");
 }
 
+TEST(SaveLoad, ALoadClearsTheBreakdownTables) {
+    Fixture f;
+    // Left over from reading an earlier equation.
+    auto dirty = [&] {
+        f.s->MaxBreakdownGroup = 3;
+        f.s->BreakdownExpr(0).Rows(0).Scale = 7;
+    };
+    dirty();
+    f.Load("");
+    // An empty file does nothing at all.
+    EXPECT_EQ(f.s->MaxBreakdownGroup, 3);
+    for (const std::string& bytes : {Example, std::string("x+1BB2xBB")}) {
+        dirty();
+        f.Load(bytes);
+        EXPECT_EQ(f.s->MaxBreakdownGroup, 0) << bytes;
+        EXPECT_EQ(f.s->BreakdownExpr(0).Rows(0).Scale, 1) << bytes;
+    }
+}
+
 TEST(SaveLoad, QuotesOnTheCommandLineAreDropped) {
     Fixture f;
     const std::string path = f.File("my graph.vtx", Example);
@@ -203,7 +217,7 @@ TEST(SaveLoad, SavesWhatItLoads) {
 
 TEST(SaveLoad, ASeriesPastTheKeptPointsIsNotSaved) {
     Fixture f;
-    f.Load("BBBBBBBBBB" + Points(501) + "TrueBB2BB\r\n");
+    f.Load(Series(501));
     f.host.Calls.clear();
     f.host.Answer = (f.dir / "out.vtx").string();
     mnuSave_Click(*f.s);

@@ -5,8 +5,7 @@
 
 #include "display/Papers.h"
 #include "display/Typesetter.h"
-#include "support/RecordingSurface.h"
-#include "support/ScriptedPlatform.h"
+#include "plot/PlotTesting.h"
 
 namespace vt {
 namespace {
@@ -165,11 +164,9 @@ TEST(Typesetter, FailureStopsTheTextShowsTheMessageAndResetsTheFontSize) {
     // clang-format on
     for (const auto& [target, text, fails] : cases) {
         SCOPED_TRACE(text.size());
-        test::ScriptedPlatform platform;
-        HeadlessShell host;
-        host.Messages = &platform;
-        Session s;
-        s.BindHost(&host);
+        test::PlotSession g;
+        Session& s = g.s;
+        const test::ScriptedPlatform& platform = g.host;
         auto out = SurfaceFor(target);
         out.FontSize = 10;
         Typeset(s, out, text, target, false, true, "green");
@@ -213,15 +210,12 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
     const std::tuple<std::vector<int>, int, int, int> cases[] = {
         {{}, 3, 3, -1}, {{0, 2}, 0, 2, -1}, {{0, 1}, 3, 1, -1}, {{1, 4}, 1, 4, 3}};
     for (const auto& [filledRows, lastFilledBefore, lastFilledAfter, failingRow] : cases) {
-        test::ScriptedPlatform platform;
-        HeadlessShell host;
-        host.Messages = &platform;
-        Session s;
-        s.BindHost(&host);
+        test::PlotSession g;
+        Session& s = g.s;
         std::vector<test::RecordingSurface> rows(UsableSlots, MakeRow());
         for (int i = 0; i < UsableSlots; ++i) {
             rows[i].CurrentX = 100; // where the last paint left the pen
-            host.Papers[i] = &rows[i];
+            g.shell.Papers[i] = &rows[i];
         }
         for (int row : filledRows)
             SetRowText(s, row, "x^2^+S(x)");
@@ -233,7 +227,7 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
 
         EXPECT_EQ(s.ActiveSlot, 2);
         EXPECT_EQ(s.LastFilledSlot, lastFilledAfter);
-        EXPECT_EQ(platform.Messages().size(), failingRow >= 0 ? 1u : 0u);
+        EXPECT_EQ(g.host.Messages().size(), failingRow >= 0 ? 1u : 0u);
         for (int i = 0; i < UsableSlots; ++i) {
             const bool filled = std::count(filledRows.begin(), filledRows.end(), i) > 0;
             ASSERT_FALSE(rows[i].Log.empty());

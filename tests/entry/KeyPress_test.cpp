@@ -138,6 +138,8 @@ TEST(EntryReset, ResetEntryStateClearsRowsAndKeepsTheFractionState) {
     s->ParenSide(2, 1) = s->ParenSide(3, 2) = -1;
     s->LetterList(4) = "x";
     s->SlotIncomplete(4) = true;
+    s->BreakdownTokens(0) = s->BreakdownTokens(2) = "x";
+    s->BreakdownCount = s->BreakdownSide = 1;
 
     ResetEntryState(*s);
 
@@ -150,6 +152,8 @@ TEST(EntryReset, ResetEntryStateClearsRowsAndKeepsTheFractionState) {
     }
     EXPECT_EQ(std::tuple(s->DisplayCount, s->LetterList(4), s->ParenSide(2, 1), s->LastBarClosed),
               std::tuple(0, "", 0, false));
+    EXPECT_EQ(s->BreakdownTokens(0) + s->BreakdownTokens(2), "");
+    EXPECT_EQ(std::tuple(s->BreakdownCount, s->BreakdownSide), std::tuple(0, 0));
     // The fraction state, the point flag and side 2 of the parenthesis table carry on.
     EXPECT_EQ(s->FractionSide, 1);
     EXPECT_TRUE(s->NumberHasPoint);

@@ -104,15 +104,11 @@ TEST(EntryRules, GroupTokensMergesNumbersAndNumericFractions) {
 
 TEST(KeyMask, ReadsTheMaskTextAsABinaryNumberAndPassesOnlyTheClassesWithTheirBitOn) {
     // Sixteen characters with a leading "1" read as a negative 16-bit mask.
-    const std::pair<const char*, int> masks[] = {{"00011110111111", 1983},
-                                                 {"", 0},
-                                                 {"1", 1},
-                                                 {"10", 2},
-                                                 {"1x1", 5},
-                                                 {"0", 0},
-                                                 {"11111111", 255},
-                                                 {"0111111111111111", 32767},
-                                                 {"1000000000000000", -32768}};
+    // clang-format off
+    const std::pair<const char*, int> masks[] = {
+        {"00011110111111", 1983}, {"", 0}, {"1", 1}, {"10", 2}, {"1x1", 5}, {"0", 0},
+        {"11111111", 255}, {"0111111111111111", 32767}, {"1000000000000000", -32768}};
+    // clang-format on
     for (const auto& [bits, value] : masks)
         EXPECT_EQ(BitsToMask(bits), value) << bits;
     // "=" passes the mask with bit 64 on, but no rule takes it.

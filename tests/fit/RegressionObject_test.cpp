@@ -41,7 +41,8 @@ TEST(RegressionObject, FitsAndWritesTheEquation) {
          "f(x) =  x^2^ + x", true},
         {"10x is no 1x", 1, {{0, 0}, {1, 10}}, {0, 10}, "f(x) =  10x", true},
         {"all coefficients zero", 2, {{0, 0}, {1, 0}, {2, 0}}, {0, 0, 0}, "f(x) = 0", true},
-        {"same x three times: zero pivot", 2, {{1, 1}, {1, 2}, {1, 3}}, {0, 0, 0}, "f(x) = 0", false},
+        {"same x three times: zero pivot", 2, {{1, 1}, {1, 2}, {1, 3}}, {0, 0, 0}, "f(x) = 0",
+         false},
         {"same x twice at degree 1: slope 0, mean of y", 1, {{2, 1}, {2, 5}}, {3, 0},
          "f(x) =  3", true},
         {"two points at order 5: a line", 5, {{0, 1}, {1, 3}}, {1, 2, 0, 0, 0, 0}, "f(x) =  2x + 1",
@@ -97,13 +98,11 @@ TEST(RegressionObject, FailedEliminationRetreatsOnceWithoutSolving) {
 
 TEST(RegressionObject, DegreeWriteChecksRangeAndEmpties) {
     // {value, accepted}
-    const std::pair<int, bool> cases[] = {{0, true},
-                                          {1, true},
-                                          {25, true},
-                                          {26, false},
-                                          {-1, false},
-                                          {2147483647, false},
-                                          {-2147483647 - 1, false}};
+    // clang-format off
+    const std::pair<int, bool> cases[] = {
+        {0, true}, {1, true}, {25, true}, {26, false}, {-1, false}, {2147483647, false},
+        {-2147483647 - 1, false}};
+    // clang-format on
     for (const auto& [value, accepted] : cases) {
         SCOPED_TRACE(value);
         RegressionObject fit = Fit(3, {{1, 2}, {2, 3}});
@@ -147,8 +146,7 @@ TEST(RegressionObject, OverflowReachesTheCallerWithSumsAsFarAsTheyGot) {
         {"x and y 1E200 at degree 1", 1, 1e200, 1e200, true, 1e200},
         // x^2 overflows; count and the first sums are in, the constant is y.
         {"x 1E200 at degree 2", 2, 1e200, 1, true, 1},
-        {"x 1E200 at degree 0", 0, 1e200, 7, false, 7},
-        {"y infinite", 1, 1, INFINITY, true, 0},
+        {"x 1E200 at degree 0", 0, 1e200, 7, false, 7}, {"y infinite", 1, 1, INFINITY, true, 0},
         {"x not a number", 2, NAN, 1, true, 1},
     };
     // clang-format on

@@ -52,28 +52,24 @@ TEST(GetKeyValue, ReadsEachTypeOfValue) {
         std::optional<RegistryData> stored;
         KeyValue expected;
     };
+    // A number's bytes read last to first, unpadded: 05 01 00 (the final zero dropped) reads as
+    // 0x015; four digits make a 16-bit number, eight a 32-bit one, more fail.
+    const auto number = [](std::initializer_list<int> b) {
+        return RegistryData{RegistryNumber, Bytes(b)};
+    };
+    // clang-format off
     const Case cases[] = {
         {"missing", std::nullopt, {"", false, false}},
         {"string with its final zero",
-         RegistryData{RegistryString, Bytes({'C', ':', '\\', 'm', 0})},
-         {"C:\\m", true, false}},
+         RegistryData{RegistryString, Bytes({'C', ':', '\\', 'm', 0})}, {"C:\\m", true, false}},
         {"string without", RegistryData{RegistryString, "abc"}, {"abc", true, false}},
-        // Bytes last to first, unpadded: 05 01 00 (the final zero dropped) reads as 0x015.
-        {"number, unpadded bytes",
-         RegistryData{RegistryNumber, Bytes({5, 1, 0, 0})},
-         {"21", true, false}},
-        {"number of four digits is 16-bit",
-         RegistryData{RegistryNumber, Bytes({0xFF, 0xFF})},
-         {"-1", true, false}},
-        {"number of eight digits is 32-bit",
-         RegistryData{RegistryNumber, Bytes({0x78, 0x56, 0x34, 0x12})},
-         {"305419896", true, false}},
-        {"number too long",
-         RegistryData{RegistryNumber, Bytes({0x10, 0x10, 0x10, 0x10, 0x10})},
-         {"", false, true}},
-        {"number with no bytes", RegistryData{RegistryNumber, ""}, {"", false, true}},
-        {"other type", RegistryData{3, "xyz"}, {"", true, false}},
-    };
+        {"number, unpadded", number({5, 1, 0, 0}), {"21", true, false}},
+        {"16-bit", number({0xFF, 0xFF}), {"-1", true, false}},
+        {"32-bit", number({0x78, 0x56, 0x34, 0x12}), {"305419896", true, false}},
+        {"too long", number({0x10, 0x10, 0x10, 0x10, 0x10}), {"", false, true}},
+        {"no bytes", number({}), {"", false, true}},
+        {"other type", RegistryData{3, "xyz"}, {"", true, false}}};
+    // clang-format on
     for (const Case& c : cases) {
         FakeSystem system;
         if (c.stored) system.values[{PathKey, "PATH"}] = *c.stored;

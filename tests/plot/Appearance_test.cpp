@@ -3,10 +3,10 @@
 #include <array>
 #include <functional>
 
-#include "plot/PointSeries.h"
 #include "plot/Appearance.h"
 #include "plot/Painter.h"
 #include "plot/PlotTesting.h"
+#include "plot/PointSeries.h"
 
 namespace vt::test {
 namespace {
@@ -64,13 +64,11 @@ TEST(Appearance, DefaultColoursSetTheWholeTableButNotTheLineWidth) {
 }
 
 TEST(Appearance, RedrawsGoToTheRegressionRedrawInRegressionMode) {
+    // clang-format off
     const std::function<void(Session&)> commands[] = {
-        [](Session& s) { ChangeSwatchColour(s, 5); },
-        mnuGraphGridColor_Click,
-        mnuBackColor_Click,
-        mnuGraphDefault_Click,
-        [](Session& s) { SetLineWidth(s, 8); },
-    };
+        [](Session& s) { ChangeSwatchColour(s, 5); }, mnuGraphGridColor_Click, mnuBackColor_Click,
+        mnuGraphDefault_Click, [](Session& s) { SetLineWidth(s, 8); }};
+    // clang-format on
     for (int mode : {0, 1}) {
         for (const auto& command : commands) {
             // One point in the series: only the regression redraw draws its circle.
@@ -78,9 +76,9 @@ TEST(Appearance, RedrawsGoToTheRegressionRedrawInRegressionMode) {
             g.s.Check1 = mode;
             AddSeriesPoint(g.s, 1, 2);
             command(g.s);
-            const bool circled = std::any_of(g.box.Log.begin(), g.box.Log.end(), [](const auto& line) {
-                return line.rfind("Circle 1,2", 0) == 0;
-            });
+            const bool circled =
+                std::any_of(g.box.Log.begin(), g.box.Log.end(),
+                            [](const auto& line) { return line.rfind("Circle 1,2", 0) == 0; });
             EXPECT_EQ(circled, mode == 1);
             EXPECT_EQ(g.box.Clears, 1);
         }

@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "base/NumberText.h"
+#include "plot/PlotTesting.h"
 #include "plot/PointSeries.h"
 #include "plot/RegressionOverlay.h"
-#include "plot/PlotTesting.h"
 #include "plot/View.h"
-#include "base/NumberText.h"
 
 namespace vt::test {
 namespace {
@@ -48,15 +48,12 @@ TEST(PointSeries, InsertTakesNumericTextOnly) {
         InsertOutcome outcome;
         double storedX, storedY;
     };
+    // x * y = 1E400 overflows in the fit's sums: counted, not stored, no message.
+    constexpr auto Added = InsertOutcome::Added, Refused = InsertOutcome::Refused;
     const Case cases[] = {
-        {"1", "2", InsertOutcome::Added, 1, 2},
-        {"1e3", " -.5 ", InsertOutcome::Added, 1000, -0.5},
-        {"1", "", InsertOutcome::Refused, 0, 0},
-        {"abc", "1", InsertOutcome::Refused, 0, 0},
-        {"1,5", "1", InsertOutcome::Refused, 0, 0},
-        // x * y overflows in the fit's sums: counted, not stored, no message.
-        {"1E200", "1E200", InsertOutcome::Failed, 0, 0},
-    };
+        {"1", "2", Added, 1, 2},     {"1e3", " -.5 ", Added, 1000, -0.5},
+        {"1", "", Refused, 0, 0},    {"abc", "1", Refused, 0, 0},
+        {"1,5", "1", Refused, 0, 0}, {"1E200", "1E200", InsertOutcome::Failed, 0, 0}};
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.x) + " , " + c.y);
         RegressionSession g;
@@ -163,13 +160,11 @@ TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
     EXPECT_EQ(curve.front().X1, -20);
     // Circles of radius 0.2 in the points' colour, filled with it.
     EXPECT_EQ(g.Circles(), 4u);
-    EXPECT_NE(std::find_if(g.box.Log.begin(), g.box.Log.end(),
-                           [](const std::string& line) {
-                               return line.rfind("Circle -2,4 r=0.2 color=16711680 fill=16711680",
-                                                 0) == 0;
-                           }),
-              g.box.Log.end());
-    const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},       {"1", "1"},
+    const std::string circle = "Circle -2,4 r=0.2 color=16711680 fill=16711680";
+    EXPECT_EQ(std::count_if(g.box.Log.begin(), g.box.Log.end(),
+                            [&](const std::string& line) { return line.rfind(circle, 0) == 0; }),
+              1);
+    const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},           {"1", "1"},
                                               {"-2", "4"}, {"0.5", "0.0000001"}, {"", ""}};
     EXPECT_EQ(g.s.Panel.MSFlexGrid1, table);
     EXPECT_TRUE(g.s.Panel.ScrollTableToEnd);
@@ -220,8 +215,10 @@ TEST(PointSeries, ModeSwitchShowsThePanelAndKeepsTheSeries) {
     for (int button : {9, 10, 12, 13})
         EXPECT_FALSE(g.s.Toolbar1(button).Enabled);
 
-    // A click enters a point rounded half to even; the right button enters none.
+    // A click enters a point rounded half to even and starts no drag; the right button enters
+    // none and opens the menu.
     EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, 2.5f, -3.5f), GraphMouseAction::None);
+    EXPECT_FALSE(g.s.Dragging);
     EXPECT_EQ(frmGraph_MouseDown(g.s, RightButton, 0, 1, 1), GraphMouseAction::ShowGraphWindowMenu);
     EXPECT_EQ(g.s.FitObject.XYCount(), 1);
     EXPECT_EQ(g.s.Points(0).X, 2);
@@ -241,6 +238,28 @@ TEST(PointSeries, ModeSwitchShowsThePanelAndKeepsTheSeries) {
 
     Command5_Click(g.s);
     EXPECT_EQ(g.s.RegressionEquation, "f(x) = - 4");
+}
+
+} // namespace
+} // namespace vt::test
+
+namespace vt::test {
+namespace {
+
+TEST(PointSeries, RegressionFunctionHandsTheTextToTheWindowOrSaysItIsMissing) {
+    for (const bool hasWindow : {true, false}) {
+        RegressionSession g;
+        g.shell.OnCommand = [&](HostCommand command, int) {
+            return hasWindow && command == HostCommand::Explain;
+        };
+        g.Insert("1", "3");
+        g.Insert("2", "1");
+        ShowRegressionFunction(g.s);
+        EXPECT_EQ(g.s.RegressionEquation, g.s.FitObject.ReturnRegEq());
+        EXPECT_EQ(g.shell.Ran.back(), HostCommand::Explain);
+        EXPECT_EQ(g.host.Messages(), hasWindow ? std::vector<std::string>{}
+                                               : std::vector<std::string>{NotAvailableText});
+    }
 }
 
 } // namespace

@@ -51,17 +51,16 @@ TEST(Tracing, BreaksPolesAndGapsAtTheDefaultView) {
     // 300x sampled at x = 0, so the steep crossing is drawn and nothing breaks; twelve poles of
     // the tangent in view, each leap from beyond 5 to beyond -5 dropped; leaving the top, the
     // segment to the first sample outside is drawn, no later one.
+    // clang-format off
     const std::tuple<const char*, int, double, std::vector<Segment>, Rule> cases[] = {
-        {"1/x",
-         1,
-         0,
-         {{-0.05, -20, -0.05, -20}, {0.1, 10, 0.1, 20}, {0.05, 20, 0.1, 10}},
+        {"1/x", 1, 0, {{-0.05, -20, -0.05, -20}, {0.1, 10, 0.1, 20}, {0.05, 20, 0.1, 10}},
          spans(0)},
         {"(x^2-1)/(x-1)", 1, 1, {{0.9, 1.9, 0.95, 1.95}, {1.05, 2.05, 1.1, 2.1}}, spans(1)},
         {"~x", 1, -0.05, {{0, 0, 0.05, std::sqrt(0.05)}}, leftOfZero},
         {"300x", 0, 0, {{-0.05, -15, 0, 0}, {0, 0, 0.05, 15}}, none},
         {"T(x)", 12, -17.25, {}, leap},
         {"x^2", 0, 0, {{4.45, 19.8025, 4.5, 20.25}}, pastTheTop}};
+    // clang-format on
     for (const auto& [keys, breaks, firstBreak, drawn, forbidden] : cases) {
         SCOPED_TRACE(keys);
         PlotSession g({keys});

@@ -10,9 +10,9 @@
 namespace vt::test {
 
 struct RecordingShell : HeadlessShell {
-    std::vector<int> Focused; // rows asked for the focus, in order
-    int Graphs = 0;           // Enter on a complete row
-    std::vector<HostCommand> Ran;              // commands asked for, run or not
+    std::vector<int> Focused;     // rows asked for the focus, in order
+    int Graphs = 0;               // Enter on a complete row
+    std::vector<HostCommand> Ran; // commands asked for, run or not
     // When set, decides whether a command runs; unset, none has a window here.
     std::function<bool(HostCommand, int)> OnCommand;
 

@@ -104,14 +104,16 @@ TEST(GraphableBuilder, WorkedExampleLeavesTheGrids) {
 
 TEST(GraphableBuilder, ReportsUnfinishedRowsAndOpenGroups) {
     // {groups, open bars going in, incomplete, in a root, in an exponent}
+    // clang-format off
     const std::tuple<const char*, int, bool, bool, bool> cases[] = {
-        {"", 0, false, false, false},       {"2", 0, false, false, false},
-        {"x +", 0, true, false, false},     {"x /", 0, true, false, false},
-        {"( x", 0, true, false, false},     {"x ^", 0, true, false, true},
-        {"x ^ 2", 0, false, false, true},   {"x ^ 2 + 1", 0, false, false, false},
-        {"~", 0, true, true, false},        {"2 ~ x", 0, false, true, false},
+        {"", 0, false, false, false}, {"2", 0, false, false, false}, {"x +", 0, true, false, false},
+        {"x /", 0, true, false, false}, {"( x", 0, true, false, false},
+        {"x ^", 0, true, false, true}, {"x ^ 2", 0, false, false, true},
+        {"x ^ 2 + 1", 0, false, false, false},
+        {"~", 0, true, true, false}, {"2 ~ x", 0, false, true, false},
         {"~ ( x )", 0, false, true, false}, {"x .", 0, true, false, false},
-        {"| x", 1, true, false, false},     {"| x |", 0, false, false, false}};
+        {"| x", 1, true, false, false}, {"| x |", 0, false, false, false}};
+    // clang-format on
     for (const auto& [tokens, openBars, incomplete, inRoot, inExponent] : cases) {
         SCOPED_TRACE(tokens);
         Session s;

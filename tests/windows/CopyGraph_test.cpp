@@ -5,12 +5,12 @@
 #include <QClipboard>
 #include <QTemporaryDir>
 
-#include "windows/SurfaceView.h"
 #include "commands/KeyStroke.h"
 #include "render/RasterSurface.h"
-#include "windows/frmGraphMain.h"
 #include "support/QtApp.h"
 #include "support/ScriptedPlatform.h"
+#include "windows/SurfaceView.h"
+#include "windows/frmGraphMain.h"
 
 namespace vt {
 

@@ -16,11 +16,11 @@
 
 #include "app/QtPlatform.h"
 #include "info/SystemInfo.h"
-#include "windows/frmGraphMain.h"
 #include "support/QtApp.h"
 #include "support/ScriptedPlatform.h"
 #include "windows/HelpBrowser.h"
 #include "windows/frmAbout.h"
+#include "windows/frmGraphMain.h"
 #include "windows/frmLogo.h"
 
 namespace vt::windows {

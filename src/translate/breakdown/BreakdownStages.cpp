@@ -5,8 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "entry/TokenText.h"
 #include "base/NumberText.h"
+#include "entry/TokenText.h"
 #include "translate/breakdown/BreakdownDetail.h"
 
 namespace vt {

@@ -63,27 +63,25 @@ TEST(Breakdown, TypedEquationGoesThroughEveryStage) {
 
 TEST(Breakdown, StagesJoinNumbersAndMakeSignsExplicit) {
     // {tokens; after the joining; after the signs}.
+    // clang-format off
     const std::tuple<std::string, Tokens, Tokens> cases[] = {
-        {"", {}, {"+"}},
-        {"1 2 . 5 x", {"12.5", "x"}, {"+", "12.5", "x"}},
+        {"", {}, {"+"}}, {"1 2 . 5 x", {"12.5", "x"}, {"+", "12.5", "x"}},
         // A "/" joins only when a plain number and then an end of the number follow.
         {"3 / 4", {"3/4"}, {"+", "3/4"}},
         {"3 / 4 x", {"3", "/", "4", "x"}, {"+", "3", "/", "4", "x"}},
         {"x ^ 2 / 3", {"x", "^", "2", "/", "3"}, {"+", "x", "^", "2", "/", "3"}},
-        {"1 E - 5 x", {"1E-5", "x"}, {"+", "1E-5", "x"}},
-        {"- x", {"-", "x"}, {"-", "x"}},
+        {"1 E - 5 x", {"1E-5", "x"}, {"+", "1E-5", "x"}}, {"- x", {"-", "x"}, {"-", "x"}},
         // "*" before a parenthesis goes, unless it stands behind a fraction.
         {"2 * ( x )", {"2", "*", "(", "x", ")"}, {"+", "2", "(", "+", "x", ")"}},
-        {"a / 2 * ( x )",
-         {"a", "/", "2", "*", "(", "x", ")"},
+        {"a / 2 * ( x )", {"a", "/", "2", "*", "(", "x", ")"},
          {"+", "a", "/", "2", "*", "(", "+", "x", ")"}},
         // A closing bar is followed by a sign too.
         {"| x | y", {"|", "x", "|", "y"}, {"+", "|", "+", "x", "|", "+", "y"}},
         // Of two operators the second cell keeps what stood there before: "y" twice.
         {"x + - y", {"x", "+", "-", "y"}, {"+", "x", "+", "y", "y"}},
         // The second "=" shifts from the cells as they were before the first shift: z is lost.
-        {"x = y = z", {"x", "=", "y", "=", "z"}, {"+", "x", "=", "+", "y", "=", "+"}},
-    };
+        {"x = y = z", {"x", "=", "y", "=", "z"}, {"+", "x", "=", "+", "y", "=", "+"}}};
+    // clang-format on
     for (const auto& [tokens, merged, normalised] : cases) {
         SCOPED_TRACE(tokens);
         const BreakdownRun run = RunTokens(tokens);
@@ -94,21 +92,14 @@ TEST(Breakdown, StagesJoinNumbersAndMakeSignsExplicit) {
 
 TEST(Breakdown, TermsCarryTheirRationalCoefficients) {
     // {tokens; text of the left side}.
+    // The left side ends at the relation sign, the "=" of "<=" included, and "<" reads as the
+    // number 0. A number before a parenthesis keeps its value: the group's first term resets it.
+    // clang-format off
     const std::pair<std::string, std::string> cases[] = {
-        {"+ 2 x ^ 2", "+2/1x^+2"},
-        {"- x + 3", "-1/1x+3/1"},
-        {"3 / 4", "+3/4"},
-        {"x / 4", "+1/4x/"},
-        {"x ^ - 2", "+1/1x^+-2"},
-        {"0 . 5 x", "+0.5/1x"},
-        {"2 ~ 3 x", "+2/1~3x"},
-        {"1 E + 2 x", "+100/1x"},
-        // The left side ends at the relation sign, the "=" of "<=" included.
-        {"2 x = 3", "+2/1x"},
-        {"x < = 1", "+0/1x"}, // the "<" reads as the number 0
-        // A number before a parenthesis keeps its value: the group's first term resets it.
-        {"2 ( x )", "+2/1"},
-    };
+        {"+ 2 x ^ 2", "+2/1x^+2"}, {"- x + 3", "-1/1x+3/1"}, {"3 / 4", "+3/4"}, {"x / 4", "+1/4x/"},
+        {"x ^ - 2", "+1/1x^+-2"}, {"0 . 5 x", "+0.5/1x"}, {"2 ~ 3 x", "+2/1~3x"},
+        {"1 E + 2 x", "+100/1x"}, {"2 x = 3", "+2/1x"}, {"x < = 1", "+0/1x"}, {"2 ( x )", "+2/1"}};
+    // clang-format on
     for (const auto& [tokens, text] : cases) {
         SCOPED_TRACE(tokens);
         const BreakdownRun run = RunTokens(tokens);
@@ -161,19 +152,17 @@ TEST(Breakdown, NumberTools) {
         std::string in, expanded, fraction, rounded;
         BreakdownError error;
     };
+    constexpr auto None = BreakdownError::None, Mismatch = BreakdownError::TypeMismatch,
+                   Overflow = BreakdownError::Overflow;
+    // clang-format off
     const Case cases[] = {
-        {"12", "12", "12", "12", BreakdownError::None},
-        {"1E-5", "100000", "1E-5", "1E-5", BreakdownError::None},
-        {"2.5E+2", "250", "2.5E+2", "2.5E+2", BreakdownError::None},
-        {"7/2", "7/2", "3.5", "4", BreakdownError::None},
-        {"5/2", "5/2", "2.5", "2", BreakdownError::None},
-        {"3/0", "3/0", "", "", BreakdownError::None},
-        {"1/2/4", "1/2/4", "0.5", "0", BreakdownError::None},
-        {"1E5", "!", "1E5", "1E5", BreakdownError::TypeMismatch},
-        {"E+2", "!", "E+2", "E+2", BreakdownError::TypeMismatch},
-        {"1E+400", "!", "1E+400", "1E+400", BreakdownError::Overflow},
-        {"/4", "/4", "!", "!", BreakdownError::TypeMismatch},
-    };
+        {"12", "12", "12", "12", None}, {"1E-5", "100000", "1E-5", "1E-5", None},
+        {"2.5E+2", "250", "2.5E+2", "2.5E+2", None}, {"7/2", "7/2", "3.5", "4", None},
+        {"5/2", "5/2", "2.5", "2", None}, {"3/0", "3/0", "", "", None},
+        {"1/2/4", "1/2/4", "0.5", "0", None}, {"1E5", "!", "1E5", "1E5", Mismatch},
+        {"E+2", "!", "E+2", "E+2", Mismatch},
+        {"1E+400", "!", "1E+400", "1E+400", Overflow}, {"/4", "/4", "!", "!", Mismatch}};
+    // clang-format on
     BreakdownState b;
     for (const Case& c : cases) {
         SCOPED_TRACE(c.in);
@@ -216,17 +205,6 @@ TEST(Breakdown, RelationAndTrim) {
     b.BreakdownCount = 9;
     EXPECT_EQ(TrimBreakdownCount(b), BreakdownError::None);
     EXPECT_EQ(b.BreakdownCount, 1);
-}
-
-TEST(Breakdown, EntryResetEmptiesTheTokens) {
-    auto s = std::make_unique<Session>();
-    ASSERT_EQ(SetBreakdownTokens(*s, {"x", "+", "1"}), BreakdownError::None);
-    s->BreakdownSide = 1;
-    ResetEntryState(*s);
-    EXPECT_EQ(s->BreakdownTokens(0), "");
-    EXPECT_EQ(s->BreakdownTokens(2), "");
-    EXPECT_EQ(s->BreakdownCount, 0);
-    EXPECT_EQ(s->BreakdownSide, 0);
 }
 
 TEST(Breakdown, AnyTokenListEndsInTextOrAnError) {
