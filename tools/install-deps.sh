@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-  g++ clang clang-format cmake make pkg-config
+  g++ clang clang-format libclang-rt-14-dev cmake make pkg-config
   qt6-base-dev qt6-svg-dev libqt6svg6 qt6-qpa-plugins
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core fonts-dejavu-extra fonts-liberation2

@@ -20,6 +20,17 @@ CompiledScript::CompiledScript(std::string_view text) : source_(text), applies_(
         if ((i > 0 && JoinsNumber(text[i - 1])) ||
             (i + 1 < text.size() && JoinsNumber(text[i + 1])))
             applies_ = false;
+        // After "E+" or "E-" the digits of x become a number's exponent: "2E+x" reads as 20 at
+        // x = 1.
+        if (i > 1 && (text[i - 1] == '+' || text[i - 1] == '-') &&
+            (text[i - 2] == 'E' || text[i - 2] == 'e'))
+            applies_ = false;
+        // A name before blanks and x takes a bracketed negative x as its argument: "cos x" is
+        // cos(-15) at x = -15, and no number at 15.
+        std::size_t before = i;
+        while (before > 0 && (text[before - 1] == ' ' || text[before - 1] == '\t'))
+            --before;
+        if (before < i && before > 0 && JoinsNumber(text[before - 1])) applies_ = false;
     }
     if (!applies_) return;
     plain_ = ExpressionProgram::Compile(text, XMode::Value);

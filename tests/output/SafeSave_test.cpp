@@ -1,0 +1,170 @@
+// Saves that fail for real reasons (a folder that cannot be written, a disk that fills up, a
+// save killed between its write and its rename) leave the old file byte for byte.
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "commands/SaveLoad.h"
+#include "output/SafeFile.h"
+
+namespace vt {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string OldBytes = "x^2BBBBBBBBBB1BB2BBTrueBB2BB\r\n";
+
+std::string Contents(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// The files in a folder other than the target: what a failed save left behind.
+int Leftovers(const fs::path& dir, const fs::path& target) {
+    int n = 0;
+    for (const auto& entry : fs::directory_iterator(dir))
+        n += entry.path() != target;
+    return n;
+}
+
+// A folder of its own for one case, removed at the end; a small file system mounted on it when
+// the test may mount one.
+struct Folder {
+    fs::path dir;
+    bool mounted = false;
+
+    explicit Folder(const char* name) {
+        dir = fs::temp_directory_path() /
+              (std::string("vt-safesave-") + name + "-" + std::to_string(::getpid()));
+        fs::remove_all(dir);
+        fs::create_directories(dir);
+    }
+    bool MountSmallDisk(const char* size) {
+        mounted = ::mount("tmpfs", dir.c_str(), "tmpfs", 0, size) == 0;
+        return mounted;
+    }
+    ~Folder() {
+        if (mounted) ::umount(dir.c_str());
+        ::chmod(dir.c_str(), 0700);
+        std::error_code ec;
+        fs::remove_all(dir, ec);
+    }
+};
+
+std::string Large(std::size_t n) {
+    std::string text;
+    while (text.size() < n)
+        text += "xBB1BB2BB";
+    return text;
+}
+
+} // namespace
+
+TEST(SafeSave, ReadOnlyFolderKeepsTheOldFile) {
+    Folder f("ro");
+    const fs::path target = f.dir / "graph.vtx";
+    if (::geteuid() == 0) {
+        // Permissions do not stop root: a file system mounted read-only does.
+        if (!f.MountSmallDisk("size=64k")) GTEST_SKIP() << "cannot mount a file system here";
+        std::ofstream(target, std::ios::binary) << OldBytes;
+        ASSERT_EQ(::mount("tmpfs", f.dir.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=64k"), 0);
+    } else {
+        std::ofstream(target, std::ios::binary) << OldBytes;
+        ASSERT_EQ(::chmod(f.dir.c_str(), 0500), 0);
+    }
+    EXPECT_FALSE(WriteGraphDataFile(target.string(), "new contents"));
+    EXPECT_EQ(Contents(target), OldBytes);
+    EXPECT_EQ(Leftovers(f.dir, target), 0);
+}
+
+TEST(SafeSave, FullDiskKeepsTheOldFile) {
+    // {how the disk fills up, size of the new contents}
+    struct Case {
+        const char* what;
+        std::function<bool(Folder&)> fill; // false: not possible here
+        std::size_t newSize;
+    };
+    const Case cases[] = {
+        {"a small disk filled up",
+         [](Folder& f) {
+             if (!f.MountSmallDisk("size=64k")) return false;
+             std::ofstream(f.dir / "graph.vtx", std::ios::binary) << OldBytes;
+             std::ofstream filler(f.dir / "filler", std::ios::binary);
+             const std::string block(4096, 'f');
+             for (int i = 0; i < 64 && filler.write(block.data(), block.size()); ++i) {
+             }
+             return true;
+         },
+         64 * 1024},
+        {"the file size limit",
+         [](Folder& f) {
+             std::ofstream(f.dir / "graph.vtx", std::ios::binary) << OldBytes;
+             return true;
+         },
+         200 * 1024},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Folder f("full");
+        const fs::path target = f.dir / "graph.vtx";
+        if (!c.fill(f)) continue;
+        const bool limited = !f.mounted;
+        rlimit old{};
+        ::getrlimit(RLIMIT_FSIZE, &old);
+        auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        if (limited) {
+            rlimit small = old;
+            small.rlim_cur = 64 * 1024;
+            ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+        }
+        const bool written = WriteGraphDataFile(target.string(), Large(c.newSize));
+        if (limited) ::setrlimit(RLIMIT_FSIZE, &old);
+        std::signal(SIGXFSZ, oldHandler);
+        EXPECT_FALSE(written);
+        EXPECT_EQ(Contents(target), OldBytes);
+        EXPECT_EQ(Leftovers(f.dir, target), f.mounted ? 1 : 0); // the filler only
+    }
+}
+
+TEST(SafeSave, SaveKilledBeforeItsRenameKeepsTheOldFile) {
+    Folder f("killed");
+    const fs::path target = f.dir / "graph.vtx";
+    std::ofstream(target, std::ios::binary) << OldBytes;
+    // A child saves a text large enough that its write is still under way when it is killed,
+    // as soon as its temporary file has grown.
+    const std::string bytes(256u << 20, '1');
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        WriteGraphDataFile(target.string(), bytes);
+        ::_exit(0);
+    }
+    bool grown = false;
+    for (int i = 0; i < 20000 && !grown; ++i) {
+        for (const auto& entry : fs::directory_iterator(f.dir))
+            if (entry.path() != target && entry.file_size() > 0) grown = true;
+        if (!grown) std::this_thread::sleep_for(std::chrono::microseconds(100));
+    }
+    ::kill(child, SIGKILL);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(grown);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the save ended before it could be killed";
+    EXPECT_EQ(Contents(target), OldBytes);
+    // The next save replaces the file whatever the killed one left beside it.
+    ASSERT_TRUE(WriteGraphDataFile(target.string(), "after"));
+    EXPECT_EQ(Contents(target), "after\r\n");
+}
+
+} // namespace vt
