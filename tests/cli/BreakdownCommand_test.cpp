@@ -6,28 +6,10 @@
 #include <QProcess>
 #include <QStringList>
 
+#include "support/CliRun.h"
+
 namespace vt::test {
 namespace {
-
-struct BreakdownCliRun {
-    int Exit = -1;
-    std::string Out, Err;
-};
-
-BreakdownCliRun RunBreakdownCli(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(VERITRACE_CLI), QStringList{"breakdown"} + arguments);
-    BreakdownCliRun run;
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        process.waitForFinished();
-        return run;
-    }
-    run.Exit = process.exitCode();
-    run.Out = process.readAllStandardOutput().toStdString();
-    run.Err = process.readAllStandardError().toStdString();
-    return run;
-}
 
 std::string Canonical(const std::string& json) {
     return QJsonDocument::fromJson(QByteArray::fromStdString(json)).toJson().toStdString();
@@ -58,7 +40,7 @@ TEST(CliBreakdown, PrintsEachStageAsOneObject) {
     // clang-format on
     for (const auto& [arguments, exit, out] : cases) {
         SCOPED_TRACE(arguments.join(' ').toStdString());
-        const BreakdownCliRun run = RunBreakdownCli(arguments);
+        const CliRun run = RunCli(QStringList{"breakdown"} + arguments);
         EXPECT_EQ(run.Exit, exit) << run.Err;
         // JSON is compared in one key order: the companion writes its keys in its own.
         if (arguments.first() == "--json")
@@ -71,7 +53,7 @@ TEST(CliBreakdown, PrintsEachStageAsOneObject) {
 TEST(CliBreakdown, WantsTheEquationOnce) {
     for (const QStringList& arguments : {QStringList{}, QStringList{"-k", "x", "--tokens", "x"},
                                          QStringList{"-k", "x", "-k", "1"}}) {
-        const BreakdownCliRun run = RunBreakdownCli(arguments);
+        const CliRun run = RunCli(QStringList{"breakdown"} + arguments);
         EXPECT_EQ(run.Exit, 2);
         EXPECT_NE(run.Err.find("give the equation once"), std::string::npos) << run.Err;
         EXPECT_EQ(run.Out, "");

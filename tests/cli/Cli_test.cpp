@@ -11,30 +11,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include "support/CliRun.h"
+
 namespace vt::test {
 namespace {
-
-struct CliRun {
-    int Exit = -1;
-    std::string Out, Err;
-};
-
-// Runs veritrace-cli and keeps what it printed and how it exited.
-CliRun RunCli(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(VERITRACE_CLI), arguments);
-    CliRun run;
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        process.waitForFinished();
-        run.Err = "timed out";
-        return run;
-    }
-    run.Exit = process.exitCode();
-    run.Out = process.readAllStandardOutput().toStdString();
-    run.Err = process.readAllStandardError().toStdString();
-    return run;
-}
 
 // Runs the command and checks its exit status and that stdout holds each piece.
 void ExpectOut(const QStringList& arguments, const std::vector<std::string>& pieces, int exit = 0) {

@@ -8,28 +8,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include "support/CliRun.h"
+
 namespace vt::test {
 namespace {
-
-struct Outcome {
-    int Exit = -1;
-    std::string Out, Err;
-};
-
-Outcome Cli(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(VERITRACE_CLI), arguments);
-    Outcome run;
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        process.waitForFinished();
-        return run;
-    }
-    run.Exit = process.exitCode();
-    run.Out = process.readAllStandardOutput().toStdString();
-    run.Err = process.readAllStandardError().toStdString();
-    return run;
-}
 
 QByteArray Bytes(const QString& path) {
     QFile file(path);
@@ -52,11 +34,12 @@ int PdfPages(const QByteArray& pdf) {
 TEST(CliDataFile, SaveWritesTheWindowsLineAndLoadRestoresIt) {
     QTemporaryDir dir;
     const QString a = dir.filePath("a.vtx");
-    Outcome save = Cli({"save", "-k", "2x+1", "-p", "1,2", "-p", "3,4.5", "--order", "3", "-o", a});
+    CliRun save =
+        RunCli({"save", "-k", "2x+1", "-p", "1,2", "-p", "3,4.5", "--order", "3", "-o", a});
     ASSERT_EQ(save.Exit, 0) << save.Err;
     EXPECT_EQ(Bytes(a), QByteArray("2x+1BBBBBBBBBB1BB2BB3BB4.5BBFalseBB3BB\r\n"));
 
-    Outcome load = Cli({"load", a, "--json"});
+    CliRun load = RunCli({"load", a, "--json"});
     EXPECT_EQ(load.Exit, 0) << load.Err;
     EXPECT_EQ(load.Out, "{\"message\":null,\"slots\":[\"2x+1\",\"\",\"\",\"\",\"\"],\"graphable\":"
                         "[\"2x+1\",\"\",\"\",\"\",\"\"],\"count\":2,\"points\":[[1,2],[3,4.5]],"
@@ -64,15 +47,16 @@ TEST(CliDataFile, SaveWritesTheWindowsLineAndLoadRestoresIt) {
 
     // What a load restores saves to the same bytes: keys typed as a load replays them.
     const QString b = dir.filePath("b.vtx");
-    ASSERT_EQ(Cli({"save", "-k", "2x+1", "-m", "1,2", "-p", "3,4.5", "--order", "3", "-o", b}).Exit,
-              0);
+    ASSERT_EQ(
+        RunCli({"save", "-k", "2x+1", "-m", "1,2", "-p", "3,4.5", "--order", "3", "-o", b}).Exit,
+        0);
     EXPECT_EQ(Bytes(b), Bytes(a));
 
     // The file stands in for -k in the other commands.
-    Outcome eval = Cli({"eval", "-f", a, "--at", "2"});
+    CliRun eval = RunCli({"eval", "-f", a, "--at", "2"});
     EXPECT_EQ(eval.Exit, 0) << eval.Err;
     EXPECT_NE(eval.Out.find("= 5"), std::string::npos) << eval.Out;
-    Outcome breakdown = Cli({"breakdown", "-f", a, "--json"});
+    CliRun breakdown = RunCli({"breakdown", "-f", a, "--json"});
     EXPECT_EQ(breakdown.Exit, 0) << breakdown.Err;
     EXPECT_NE(breakdown.Out.find("\"merged\""), std::string::npos) << breakdown.Out;
 }
@@ -116,7 +100,7 @@ TEST(CliDataFile, RefusedInputAndPartialState) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.arguments.join(' ').toStdString());
-        const Outcome run = Cli(c.arguments);
+        const CliRun run = RunCli(c.arguments);
         EXPECT_EQ(run.Exit, c.exit) << run.Err;
         EXPECT_NE(run.Out.find(c.inOut), std::string::npos) << run.Out;
         EXPECT_NE(run.Err.find(c.inErr), std::string::npos) << run.Err;
@@ -126,7 +110,7 @@ TEST(CliDataFile, RefusedInputAndPartialState) {
 TEST(CliDataFile, PrintWritesThePageAsAPdf) {
     QTemporaryDir dir;
     const QString a = dir.filePath("a.vtx");
-    ASSERT_EQ(Cli({"save", "-k", "2x+1", "-o", a}).Exit, 0);
+    ASSERT_EQ(RunCli({"save", "-k", "2x+1", "-o", a}).Exit, 0);
     struct Case {
         QStringList input;
         int pages;
@@ -139,8 +123,8 @@ TEST(CliDataFile, PrintWritesThePageAsAPdf) {
         SCOPED_TRACE(c.input.join(' ').toStdString());
         const QString page = dir.filePath("page.pdf");
         QFile::remove(page);
-        const Outcome run =
-            Cli(QStringList{"print", "-o", page, "--heading2", "Period 3"} + c.input);
+        const CliRun run =
+            RunCli(QStringList{"print", "-o", page, "--heading2", "Period 3"} + c.input);
         ASSERT_EQ(run.Exit, 0) << run.Err;
         const QByteArray pdf = Bytes(page);
         ASSERT_TRUE(pdf.startsWith("%PDF")) << pdf.left(16).toStdString();

@@ -7,27 +7,10 @@
 #include <QProcess>
 #include <QStringList>
 
+#include "support/CliRun.h"
+
 namespace vt::test {
 namespace {
-
-struct FitRun {
-    int Exit = -1;
-    std::string Out;
-};
-
-FitRun RunFit(const QStringList& arguments) {
-    QProcess process;
-    process.start(QStringLiteral(VERITRACE_CLI), QStringList{"fit"} + arguments);
-    FitRun run;
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        process.waitForFinished();
-        return run;
-    }
-    run.Exit = process.exitCode();
-    run.Out = process.readAllStandardOutput().toStdString();
-    return run;
-}
 
 TEST(CliFit, FitsAsRegressionModeDoes) {
     QStringList fiveHundredAndOne = {"--json"};
@@ -64,7 +47,7 @@ TEST(CliFit, FitsAsRegressionModeDoes) {
     // clang-format on
     for (const auto& [arguments, expected, exit] : cases) {
         SCOPED_TRACE(arguments.mid(0, 12).join(' ').toStdString());
-        const FitRun run = RunFit(arguments);
+        const CliRun run = RunCli(QStringList{"fit"} + arguments);
         EXPECT_EQ(run.Exit, exit);
         // JSON objects are compared as objects: the companion writes their keys in its own order.
         if (arguments.first() == "--json") {
@@ -92,7 +75,7 @@ TEST(CliFit, RefusesBadArguments) {
     };
     for (const auto& [arguments, exit] : cases) {
         SCOPED_TRACE(arguments.join(' ').toStdString());
-        const FitRun run = RunFit(arguments);
+        const CliRun run = RunCli(QStringList{"fit"} + arguments);
         EXPECT_EQ(run.Exit, exit);
         EXPECT_TRUE(run.Out.empty()) << run.Out;
     }
