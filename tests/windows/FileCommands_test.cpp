@@ -1,82 +1,43 @@
 // The main window's file commands: a graph data file named on the command line, Save and Load
-// Graph Data, Save Graph As Bitmap, and Print Options with the printed page.
+// Graph Data, Save Graph As Bitmap, Copy Graph, and Print Options with the printed page.
 
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPrinter>
-#include <QTemporaryDir>
 #include <deque>
-#include <memory>
 
 #include "analysis/Area.h"
-#include "commands/KeyStroke.h"
 #include "commands/SaveLoad.h"
 #include "entry/Entry.h"
-#include "render/RasterSurface.h"
-#include "support/QtApp.h"
-#include "support/ScriptedPlatform.h"
-#include "windows/SurfaceView.h"
-#include "windows/frmGraphMain.h"
+#include "windows/WindowTesting.h"
 #include "windows/frmPrintSetup.h"
 
 namespace vt {
-
 namespace {
 
 // Answers the file dialogs from a queue of paths (cancelled when it is empty) and keeps what
 // each dialog was asked to show.
-class FilePlatform : public test::ScriptedPlatform {
-  public:
+struct FilePlatform : test::ScriptedPlatform {
     std::deque<std::string> Paths;
     std::vector<FileDialogRequest> Requests;
-
-    std::optional<std::string> OpenFileName(const FileDialogRequest& request) override {
-        return Answer(request);
+    std::optional<std::string> OpenFileName(const FileDialogRequest& r) override {
+        return Answer(r);
     }
-    std::optional<std::string> SaveFileName(const FileDialogRequest& request) override {
-        return Answer(request);
+    std::optional<std::string> SaveFileName(const FileDialogRequest& r) override {
+        return Answer(r);
     }
-
-  private:
     std::optional<std::string> Answer(const FileDialogRequest& request) {
         Requests.push_back(request);
         if (Paths.empty()) return std::nullopt;
-        std::string path = Paths.front();
+        const std::string path = Paths.front();
         Paths.pop_front();
         return path;
     }
 };
 
+using Window = test::StartedWindow<FilePlatform>;
 const QByteArray Example = "2x+1BBBBBBBBBB1BB2BB3BB4.5BBFalseBB3BB\r\n";
-
-struct Window {
-    std::unique_ptr<Session> s = std::make_unique<Session>();
-    FilePlatform platform;
-    QTemporaryDir dir;
-    std::unique_ptr<QPrinter> printerObject;
-    std::unique_ptr<frmGraphMain> window;
-
-    explicit Window(const std::string& commandLine = {}) {
-        test::QtApp();
-        printerObject = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        MainWindowOptions options;
-        options.ShowSplash = false;
-        options.ProgramDir = dir.path().toStdString();
-        options.CommandLine = commandLine;
-        options.Printer = printerObject.get();
-        window = std::make_unique<frmGraphMain>(*s, platform, options);
-        window->Form_Load();
-    }
-    std::string Path(const char* name) const { return dir.filePath(name).toStdString(); }
-    QImage Graph() const { return window->frmGraph()->ShownSurface()->QtImage(); }
-};
 
 std::string WriteFile(const QTemporaryDir& dir, const char* name, const QByteArray& bytes) {
     QFile file(dir.filePath(name));
@@ -90,107 +51,87 @@ QByteArray Bytes(const std::string& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-frmPrintSetup* OpenPrintSetup() {
-    for (QWidget* widget : QApplication::topLevelWidgets())
-        if (auto* dialog = dynamic_cast<frmPrintSetup*>(widget); dialog && dialog->isVisible())
-            return dialog;
-    return nullptr;
-}
-
 } // namespace
 
 TEST(FileCommands, TheCommandLineFileOpensWithItsGraphAndSavesToTheSameBytes) {
     QTemporaryDir files;
-    const std::string path = WriteFile(files, "my graph.vtx", Example);
-    Window w("\"" + path + "\"");
+    MainWindowOptions options;
+    options.CommandLine = "\"" + WriteFile(files, "my graph.vtx", Example) + "\"";
+    Window w(options);
     EXPECT_EQ(EntryText(*w.s, 0), "2x+1");
-    EXPECT_EQ(w.s->FitObject.XYCount(), 2);
     EXPECT_TRUE(w.platform.Messages().empty());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     // The curve of 2x+1 crosses x = 0 at y = 1, ten pixels a unit above the box's middle.
-    const QImage graph = w.Graph();
-    EXPECT_NE(graph.pixel(200, 190), graph.pixel(5, 5));
+    EXPECT_NE(w.Graph().pixel(200, 190), w.Graph().pixel(5, 5));
 
     w.platform.Paths.push_back(w.Path("again.vtx"));
     w.window->MenuItem("mnuSave")->trigger();
     EXPECT_EQ(Bytes(w.Path("again.vtx")), Example);
     ASSERT_EQ(w.platform.Requests.size(), 1u);
-    const FileDialogRequest& request = w.platform.Requests[0];
-    EXPECT_EQ(request.Title, "Save Graph Data As");
-    EXPECT_EQ(request.Filter, DataFileFilter);
-    EXPECT_EQ(request.DefaultExt, "vtx");
-    EXPECT_EQ(request.InitialDir, QDir(w.dir.path()).filePath("Saved Problems").toStdString());
-    EXPECT_EQ(request.FileName.rfind("Veritrace ", 0), 0u) << request.FileName;
+    EXPECT_EQ(w.platform.Requests[0].Title, "Save Graph Data As");
+    EXPECT_EQ(w.platform.Requests[0].InitialDir,
+              QDir(w.programDir.path()).filePath("Saved Problems").toStdString());
 }
 
+// The load rules are the commands' own; the window must come back usable after any file.
 TEST(FileCommands, LoadingAnyFileLeavesTheWindowUsable) {
     QTemporaryDir files;
-    struct Case {
-        const char* name;
-        QByteArray bytes;
-        bool message;
-        std::string row0;
-    } cases[] = {
-        {"example", Example, false, "2x+1"},
-        {"binary",
-         QByteArray("\0\x01\xff\x1a"
-                    "BB\x80",
-                    7),
-         true, ""},
-        {"truncated", Example.left(9), true, "2x+1"},
-        {"separators only", "BBBBBBBBBBBB", true, ""},
-        {"empty", "", false, "x"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    const QByteArray binary("\0\x01\xff\x1a"
+                            "BB\x80",
+                            7);
+    for (const auto& [bytes, row0] : {std::pair(Example, "2x+1"), {binary, ""}}) {
+        SCOPED_TRACE(row0);
         Window w;
-        Paper_KeyPress(*w.s, 0, 'x');
-        w.platform.Paths.push_back(WriteFile(files, "in.vtx", c.bytes));
+        w.Type(0, "x");
+        w.platform.Paths.push_back(WriteFile(files, "in.vtx", bytes));
         w.window->MenuClick("mnuLoad");
-        EXPECT_EQ(w.platform.Requests.at(0).Title, "Load Graph Data");
-        EXPECT_EQ(w.platform.Messages(), c.message ? std::vector<std::string>{OpenFailedText}
-                                                   : std::vector<std::string>{});
-        EXPECT_EQ(EntryText(*w.s, 0), c.row0);
+        EXPECT_EQ(w.platform.Messages(),
+                  bytes == Example ? test::Texts{} : test::Texts{OpenFailedText});
+        EXPECT_EQ(EntryText(*w.s, 0), row0);
         // The hourglass is gone and the first row takes keys from the keyboard again.
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
         EXPECT_EQ(w.s->MousePointer, w.s->DefaultPointer);
         w.platform.MsgBoxAnswers.push_back(MsgResultYes);
         w.window->MenuClick("mnuClearData");
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_3, Qt::NoModifier, QStringLiteral("3"));
-        QApplication::sendEvent(w.window->Paper(0), &press);
+        test::Press(w.window->Paper(0), Qt::Key_3, QStringLiteral("3"));
         EXPECT_EQ(EntryText(*w.s, 0), "3");
     }
 }
 
-TEST(FileCommands, BitmapFromTheMenuAndFromTheAreaDialog) {
+TEST(FileCommands, BitmapAndCopyGraphTakeTheGraphBoxAsShown) {
     Window w;
-    Paper_KeyPress(*w.s, 0, 'x');
+    w.Type(0, "x");
     w.window->MenuClick("mnuGraphIt");
     w.platform.Paths = {w.Path("menu.bmp"), w.Path("area.bmp")};
     w.window->MenuItem("mnuBitMap")->trigger();
     frmFillRange_Command8_Click(*w.s);
-    ASSERT_EQ(w.platform.Requests.size(), 2u);
-    for (const FileDialogRequest& request : w.platform.Requests) {
-        EXPECT_EQ(request.Title, "Save Graph Bitmap As");
-        EXPECT_EQ(request.DefaultExt, "bmp");
-        EXPECT_EQ(request.FileName.rfind("GraphBitmap ", 0), 0u) << request.FileName;
-    }
-    for (const char* name : {"menu.bmp", "area.bmp"}) {
-        const QImage saved(QString::fromStdString(w.Path(name)));
-        ASSERT_EQ(saved.size(), QSize(400, 400)) << name;
-        EXPECT_EQ(saved.convertToFormat(w.Graph().format()), w.Graph()) << name;
+    QApplication::clipboard()->clear();
+    QAction* copy = w.window->MenuItem("mnuCopyGraph");
+    EXPECT_EQ(copy->text(), QStringLiteral("&Copy Graph"));
+    copy->trigger();
+    const QImage shown = w.Graph();
+    // The picture holds the curve, not just an empty grid.
+    EXPECT_NE(shown.pixel(200 + 10, 200 - 10), shown.pixel(5, 5));
+    for (const QImage& taken :
+         {QImage(QString::fromStdString(w.Path("menu.bmp"))),
+          QImage(QString::fromStdString(w.Path("area.bmp"))), QApplication::clipboard()->image()}) {
+        ASSERT_EQ(taken.size(), QSize(400, 400));
+        EXPECT_EQ(taken.convertToFormat(shown.format()), shown);
     }
     EXPECT_TRUE(w.platform.Messages().empty());
 }
 
+// Without a file to print to, the page goes to a PDF chosen then; with one, straight there.
 TEST(FileCommands, PrintOptionsPrintsThePageAndCloses) {
-    Window w;
-    Paper_KeyPress(*w.s, 0, 'x');
-    w.printerObject->setOutputFormat(QPrinter::PdfFormat);
-    w.printerObject->setOutputFileName(QString::fromStdString(w.Path("page.pdf")));
-
+    test::QtApp(); // before the printer
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    MainWindowOptions options;
+    options.Printer = &printer;
+    Window w(options);
+    w.Type(0, "x");
     w.window->MenuItem("mnuGraphPrint")->trigger();
-    frmPrintSetup* dialog = OpenPrintSetup();
+    frmPrintSetup* dialog = test::Shown<frmPrintSetup>();
     ASSERT_NE(dialog, nullptr);
     EXPECT_FALSE(dialog->isModal());
     EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Print Options"));
@@ -199,44 +140,37 @@ TEST(FileCommands, PrintOptionsPrintsThePageAndCloses) {
     EXPECT_EQ(dialog->Label1()->text(), QStringLiteral("Print to PDF"));
     // The area dialog's Print Graph finds the same dialog open.
     frmFillRange_Command7_Click(*w.s);
-    EXPECT_EQ(OpenPrintSetup(), dialog);
-
+    EXPECT_EQ(test::Shown<frmPrintSetup>(), dialog);
     dialog->Text1()->setText(QStringLiteral("Algebra II"));
-    dialog->Command2_Click();
-    QApplication::processEvents();
-    EXPECT_EQ(OpenPrintSetup(), nullptr);
-    EXPECT_TRUE(Bytes(w.Path("page.pdf")).startsWith("%PDF"));
-    EXPECT_TRUE(w.platform.Messages().empty());
-
-    // Each opening starts from the default heading again.
-    w.window->MenuClick("mnuGraphPrint");
-    ASSERT_NE(OpenPrintSetup(), nullptr);
-    EXPECT_EQ(OpenPrintSetup()->Text1()->text(), QStringLiteral("Orlentis Veritrace"));
-    OpenPrintSetup()->Command1_Click();
-    QApplication::processEvents();
-    EXPECT_EQ(OpenPrintSetup(), nullptr);
-}
-
-TEST(FileCommands, WithoutAPrinterThePageGoesToAChosenPdf) {
-    Window w;
-    w.printerObject->setOutputFormat(QPrinter::PdfFormat);
-    w.printerObject->setOutputFileName(QString());
-    w.window->MenuClick("mnuGraphPrint");
-    frmPrintSetup* dialog = OpenPrintSetup();
-    ASSERT_NE(dialog, nullptr);
     // No file chosen: nothing printed, the options stay.
     dialog->Command2_Click();
-    EXPECT_EQ(OpenPrintSetup(), dialog);
+    EXPECT_EQ(test::Shown<frmPrintSetup>(), dialog);
     ASSERT_EQ(w.platform.Requests.size(), 1u);
     EXPECT_EQ(w.platform.Requests[0].DefaultExt, "pdf");
-
     w.platform.Paths.push_back(w.Path("chosen.pdf"));
     dialog->Command2_Click();
     QApplication::processEvents();
+    EXPECT_EQ(test::Shown<frmPrintSetup>(), nullptr);
     EXPECT_TRUE(Bytes(w.Path("chosen.pdf")).startsWith("%PDF"));
-    EXPECT_EQ(OpenPrintSetup(), nullptr);
-    // The next print asks again.
-    EXPECT_TRUE(w.printerObject->outputFileName().isEmpty());
+    EXPECT_TRUE(printer.outputFileName().isEmpty()) << "the next print asks again";
+
+    // Each opening starts from the default heading again.
+    printer.setOutputFileName(QString::fromStdString(w.Path("page.pdf")));
+    w.window->MenuClick("mnuGraphPrint");
+    ASSERT_NE(dialog = test::Shown<frmPrintSetup>(), nullptr);
+    EXPECT_EQ(dialog->Text1()->text(), QStringLiteral("Orlentis Veritrace"));
+    dialog->Command2_Click();
+    QApplication::processEvents();
+    EXPECT_EQ(test::Shown<frmPrintSetup>(), nullptr);
+    EXPECT_TRUE(Bytes(w.Path("page.pdf")).startsWith("%PDF"));
+    EXPECT_EQ(w.platform.Requests.size(), 2u);
+    EXPECT_TRUE(w.platform.Messages().empty());
+    // Cancel closes without printing.
+    w.window->MenuClick("mnuGraphPrint");
+    ASSERT_NE(dialog = test::Shown<frmPrintSetup>(), nullptr);
+    dialog->Command1_Click();
+    QApplication::processEvents();
+    EXPECT_EQ(test::Shown<frmPrintSetup>(), nullptr);
 }
 
 } // namespace vt

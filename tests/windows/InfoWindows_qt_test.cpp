@@ -1,38 +1,22 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTextBrowser>
-#include <QTimer>
-#include <QToolButton>
 #include <QTreeWidget>
-#include <memory>
 
 #include "app/QtPlatform.h"
 #include "info/SystemInfo.h"
-#include "support/QtApp.h"
-#include "support/ScriptedPlatform.h"
 #include "windows/HelpBrowser.h"
+#include "windows/WindowTesting.h"
 #include "windows/frmAbout.h"
-#include "windows/frmGraphMain.h"
 #include "windows/frmLogo.h"
 
 namespace vt::windows {
 
 namespace {
-
-const QString Book = QStringLiteral(VERITRACE_HELP_BOOK);
-
 QString BookPage(const char* name) {
-    return Book + QLatin1Char('/') + QLatin1String(name);
+    return QStringLiteral(VERITRACE_HELP_BOOK "/") + QLatin1String(name);
 }
-
 } // namespace
 
 TEST(frmLogo, ClosesItselfAtTheFirstTick) {
@@ -120,42 +104,28 @@ TEST(HelpBrowser, SaysSoWhenTheBookIsMissing) {
 }
 
 TEST(HelpTopics, OpensTheProgramsHelpWindowAtItsIndex) {
-    test::QtApp();
-    // The main window asks its platform for the book beside the program.
     {
-        auto s = std::make_unique<Session>();
-        test::ScriptedPlatform platform;
         MainWindowOptions options;
-        options.ShowSplash = false;
         options.ProgramDir = "/opt/vt";
-        frmGraphMain window(*s, platform, options);
-        window.Form_Load();
-        window.MenuClick("mnuHelpTopics");
-        window.MenuClick("mnuVeritrace");
-        window.MenuClick("mnuHomePage");
-        window.ToolbarClick(16);
-        window.MenuClick("mnuOnlineSupport");
+        test::StartedWindow<> w(options);
+        for (const char* item : {"mnuHelpTopics", "mnuVeritrace", "mnuHomePage"})
+            w.window->MenuClick(item);
+        w.window->ToolbarClick(16);
+        w.window->MenuClick("mnuOnlineSupport");
         // About is modal: it is closed from inside its own event loop.
-        QString aboutTitle;
-        QTimer::singleShot(0, [&aboutTitle] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (auto* about = dynamic_cast<frmAbout*>(modal)) {
-                aboutTitle = about->windowTitle();
-                about->Command1()->click();
-            } else if (modal) {
-                modal->close();
-            }
-        });
-        window.MenuClick("mnuAbout");
-        EXPECT_EQ(aboutTitle, QStringLiteral("About Veritrace"));
-        std::vector<std::string> shown;
-        for (const auto& call : platform.Calls)
+        test::WhileModal<frmAbout>({[](frmAbout& about) {
+                                       EXPECT_EQ(about.windowTitle(), "About Veritrace");
+                                       about.Command1()->click();
+                                   }},
+                                   [&] { w.window->MenuClick("mnuAbout"); });
+        test::Texts shown;
+        for (const auto& call : w.platform.Calls)
             shown.push_back(call.Kind + " " + call.Text);
-        EXPECT_EQ(shown, (std::vector<std::string>{"ShowHelp /opt/vt/help/index.html",
-                                                   "OpenWebPage /opt/vt/help/web/veritrace.html",
-                                                   "OpenWebPage /opt/vt/help/web/home.html",
-                                                   "OpenWebPage /opt/vt/help/web/home.html",
-                                                   "OpenWebPage /opt/vt/help/web/support.html"}));
+        EXPECT_EQ(shown, (test::Texts{"ShowHelp /opt/vt/help/index.html",
+                                      "OpenWebPage /opt/vt/help/web/veritrace.html",
+                                      "OpenWebPage /opt/vt/help/web/home.html",
+                                      "OpenWebPage /opt/vt/help/web/home.html",
+                                      "OpenWebPage /opt/vt/help/web/support.html"}));
     }
     // The Qt platform shows it in the program's own help window, on the Index tab.
     app::QtPlatform platform;

@@ -1,62 +1,19 @@
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
 #include <QDir>
-#include <QKeyEvent>
-#include <QMenu>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QToolButton>
-#include <memory>
 
 #include "commands/MainCommands.h"
 #include "entry/Entry.h"
-#include "render/RasterSurface.h"
-#include "support/QtApp.h"
-#include "support/ScriptedPlatform.h"
-#include "windows/SurfaceView.h"
-#include "windows/frmGraphMain.h"
+#include "windows/WindowTesting.h"
 
 namespace vt {
-
 namespace {
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 
-// A started window, without the splash, with its graph data folder in a temporary folder.
-struct Started {
-    std::unique_ptr<Session> s = std::make_unique<Session>();
-    test::ScriptedPlatform platform;
-    QTemporaryDir programDir;
-    std::unique_ptr<frmGraphMain> window;
-
-    explicit Started(std::string programFolder = {}) {
-        test::QtApp();
-        MainWindowOptions options;
-        options.ShowSplash = false;
-        options.ProgramDir =
-            programFolder.empty() ? programDir.path().toStdString() : std::move(programFolder);
-        window = std::make_unique<frmGraphMain>(*s, platform, options);
-        window->Form_Load();
-        window->activateWindow();
-        for (int i = 0; i < 50 && !window->isActiveWindow(); ++i)
-            QApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    // Keys into a row as the keyboard delivers them: characters, or a key without text.
-    void Type(int row, const std::string& keys) {
-        for (char c : keys)
-            Key(row, 0, QString(QChar::fromLatin1(c)));
-    }
-    void Key(int row, int qtKey, const QString& text = {}) {
-        QKeyEvent press(QEvent::KeyPress, qtKey, Qt::NoModifier, text);
-        QApplication::sendEvent(window->Paper(row), &press);
-    }
-    Colour Pixel(app::SurfaceView* view, int x = 1, int y = 1) const {
-        return render::ColourFromQRgb(view->ShownSurface()->QtImage().pixel(x, y));
-    }
+struct Started : test::StartedWindow<> {
+    using StartedWindow::StartedWindow;
+    void Key(int row, int qtKey) { test::Press(window->Paper(row), qtKey); }
     bool Enabled(const char* item) const { return window->MenuItem(item)->isEnabled(); }
 };
 
@@ -104,6 +61,26 @@ TEST(MainWindow, MenuTreeBuildsTheBarSubmenusSeparatorsAndShortcuts) {
     EXPECT_FALSE(w.window->MenuItem("mnuHideGrid")->isChecked());
 }
 
+TEST(MainWindow, BracketNegativeXIsTheLastCheckableOptionAndRedraws) {
+    Started w;
+    w.Type(0, "x^2");
+    w.window->MenuClick("mnuGraphIt");
+    QAction* item = w.window->MenuItem("mnuBracketNegativeX");
+    ASSERT_NE(item, nullptr);
+    EXPECT_EQ(w.window->MenuOf("mnuGraphOptions")->actions().back(), item);
+    EXPECT_EQ(item->text(), QStringLiteral("Bracket Negative x"));
+    // Left of the y axis, bare x^2 runs below the x axis; bracketed, above it. Off, on, off.
+    for (int i = 0; i < 3; ++i) {
+        const bool on = i == 1;
+        SCOPED_TRACE(i);
+        if (i > 0) item->trigger();
+        EXPECT_EQ(item->isChecked(), on);
+        EXPECT_EQ(w.s->BracketNegativeX, on);
+        EXPECT_EQ(w.OnScreenCount(255, QRect(0, 0, 195, 195)) > 50, on);
+        EXPECT_EQ(w.OnScreenCount(255, QRect(0, 205, 195, 195)) > 50, !on);
+    }
+}
+
 TEST(MainWindow, ClearDataAnsweredYesEmptiesTheRowsAndTheirWidgets) {
     Started w;
     w.Type(0, "2x");
@@ -123,8 +100,7 @@ TEST(MainWindow, ClearDataAnsweredYesEmptiesTheRowsAndTheirWidgets) {
 }
 
 TEST(MainWindow, TypingOpensAndClosesTheGraphCommandsAndTheDropDownSetsTheTrigButton) {
-    for (const auto& [keys, open] :
-         {std::pair("1/x", true), {"|x", false}, {"x+", false}, {"", false}}) {
+    for (const auto& [keys, open] : {std::pair("1/x", true), {"x+", false}}) {
         SCOPED_TRACE(keys);
         Started w;
         w.Type(0, keys);
@@ -184,12 +160,10 @@ TEST(MainWindow, KeysAndTheMouseReachTheViewAndTheReadout) {
     w.Key(0, Qt::Key_Backspace);
     EXPECT_EQ(w.s->TokenCount(0), 0);
     // The mouse over the graph shows the coordinates in that view, -10..30 by -19..21.
-    for (const auto& [at, readout] : {std::pair(QPoint(200, 200), "x = 10    y = 1"),
-                                      {QPoint(300, 100), "x = 20    y = 11"},
-                                      {QPoint(0, 399), "x = -10    y = -19"}}) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(at), QPointF(at), Qt::NoButton, Qt::NoButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(w.window->frmGraph(), &move);
+    for (const auto& [at, readout] : {std::pair(QPointF(200, 200), "x = 10    y = 1"),
+                                      {QPointF(300, 100), "x = 20    y = 11"},
+                                      {QPointF(0, 399), "x = -10    y = -19"}}) {
+        test::Mouse(w.window->frmGraph(), QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton);
         EXPECT_EQ(w.window->Label2()->text(), QString::fromUtf8(readout));
     }
 }
@@ -197,7 +171,9 @@ TEST(MainWindow, KeysAndTheMouseReachTheViewAndTheReadout) {
 TEST(MainWindow, SavedProblemsGoesToTheUsersDataWhereTheProgramFolderIsClosed) {
     QStandardPaths::setTestModeEnabled(true);
     // Nothing can be made under /proc, whoever runs the test.
-    Started w("/proc/veritrace-no-such-folder");
+    MainWindowOptions options;
+    options.ProgramDir = "/proc/veritrace-no-such-folder";
+    Started w(options);
     const QString expected = QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
                                  .filePath(QStringLiteral("Saved Problems"));
     EXPECT_EQ(QString::fromStdString(w.s->SavedProblemsDir), expected);
