@@ -12,19 +12,11 @@
 namespace vt::test {
 namespace {
 
-constexpr Colour ShadeGrey = 14737632, CurveRed = 255;
-
-// A started window with x^2 typed into row 0 and graphed.
-struct ParabolaWindow : StartedWindow<> {
-    ParabolaWindow() {
-        Type(0, "x^2");
-        window->MenuClick("mnuGraphIt");
-        QApplication::processEvents();
-    }
-};
+constexpr Colour Green = 0x00A000, CurveRed = 255;
 
 TEST(LineWidthDialog, ApplyThickensTheCurveAtOnceOkClosesCancelKeepsWhatApplyDid) {
-    ParabolaWindow w;
+    StartedWindow<> w;
+    w.GraphRow0("x^2");
     // A row of the box crossed by the curve near x = 1.4 (y = 2): its red pixels grow.
     const QRect row(0, 180, 400, 1);
     const int before = w.OnScreenCount(CurveRed, row);
@@ -95,20 +87,12 @@ TEST(EvalFXDialog, ShowsTheValuesInTheRowsColours) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-TEST(FillRangeDialog, ANewShadeColourReachesTheSamples) {
-    StartedWindow<> w;
-    frmFillRange dialog(*w.s);
-    dialog.Form_Load({});
-    w.platform.ColourAnswers.push_back(0x00A000);
-    dialog.Command4()->click();
-    EXPECT_EQ(w.s->ShadeColor, std::to_string(0x00A000));
-    EXPECT_GT(CountColour(dialog.Shape1Image(FillSolid), 0x00A000), 100);
-}
-
 // Shade Area and the zooms bring the dialog back, each time over the new picture on the
-// screen; the frame's close button ends the cycle and takes the shading away.
+// screen, the band in the colour chosen; the frame's close button ends the cycle and takes the
+// shading away.
 TEST(FillRangeDialog, TheCycleShowsTheBandOnScreenUntilTheDialogClosesForGood) {
-    ParabolaWindow w;
+    StartedWindow<> w;
+    w.GraphRow0("x^2");
     WhileModal<frmFillRange>(
         {[&](frmFillRange& d) {
              d.Text1()->setText("0");
@@ -120,6 +104,10 @@ TEST(FillRangeDialog, TheCycleShowsTheBandOnScreenUntilTheDialogClosesForGood) {
              d.Command3()->click();
              EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
              d.Option1(FillVerticalLine)->setChecked(true);
+             w.platform.ColourAnswers.push_back(Green);
+             d.Command4()->click(); // a new shading colour reaches the samples
+             EXPECT_EQ(w.s->ShadeColor, std::to_string(Green));
+             EXPECT_GT(CountColour(d.Shape1Image(FillSolid), Green), 100);
              d.Command1()->click(); // Shade Area
          },
          [&](frmFillRange& d) {
@@ -128,13 +116,13 @@ TEST(FillRangeDialog, TheCycleShowsTheBandOnScreenUntilTheDialogClosesForGood) {
              EXPECT_EQ(w.s->ShadeFillStyle, FillVerticalLine);
              EXPECT_TRUE(d.Option1(FillVerticalLine)->isChecked());
              // The band under x^2 from 0 to 4 (columns 200..240) is hatched on the screen.
-             EXPECT_GT(w.OnScreenCount(ShadeGrey, QRect(200, 0, 41, 400)), 20);
+             EXPECT_GT(w.OnScreenCount(Green, QRect(200, 0, 41, 400)), 20);
              d.Command5()->click(); // Zoom In
          },
          [&](frmFillRange& d) {
              // Zoomed in with the band still on: the band is now columns 200..280.
              EXPECT_EQ(w.s->ViewXMax, 10);
-             EXPECT_GT(w.OnScreenCount(ShadeGrey, QRect(241, 0, 40, 400)), 20);
+             EXPECT_GT(w.OnScreenCount(Green, QRect(241, 0, 40, 400)), 20);
              d.Command6()->click(); // Zoom Out
          },
          [&](frmFillRange& d) {
@@ -143,7 +131,7 @@ TEST(FillRangeDialog, TheCycleShowsTheBandOnScreenUntilTheDialogClosesForGood) {
          }},
         [&] { w.window->MenuClick("mnuShade"); });
     EXPECT_EQ(w.s->AreaAction, AreaClosed);
-    EXPECT_EQ(w.OnScreenCount(ShadeGrey, QRect(0, 0, 400, 400)), 0);
+    EXPECT_EQ(w.OnScreenCount(Green, QRect(0, 0, 400, 400)), 0);
 }
 
 } // namespace

@@ -18,8 +18,6 @@
 #include <QToolButton>
 #include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "render/RasterSurface.h"
 #include "support/QtApp.h"
@@ -104,6 +102,12 @@ template <class P = ScriptedPlatform> struct StartedWindow {
     void Type(int row, const std::string& keys) {
         for (char c : keys)
             Press(window->Paper(row), 0, QString(QChar::fromLatin1(c)));
+    }
+    // Types the function into row 0 and graphs it.
+    void GraphRow0(const std::string& keys) {
+        Type(0, keys);
+        window->MenuClick("mnuGraphIt");
+        QApplication::processEvents();
     }
     std::string Path(const char* name) const { return programDir.filePath(name).toStdString(); }
     QImage Graph() const { return window->frmGraph()->ShownSurface()->QtImage(); }

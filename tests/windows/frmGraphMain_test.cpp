@@ -11,11 +11,7 @@ namespace {
 
 using test::Texts;
 
-struct Started : test::StartedWindow<> {
-    using StartedWindow::StartedWindow;
-    void Key(int row, int qtKey) { test::Press(window->Paper(row), qtKey); }
-    bool Enabled(const char* item) const { return window->MenuItem(item)->isEnabled(); }
-};
+using Started = test::StartedWindow<>;
 
 QStringList Captions(const QList<QAction*>& actions) {
     QStringList out;
@@ -26,7 +22,7 @@ QStringList Captions(const QList<QAction*>& actions) {
 
 } // namespace
 
-TEST(MainWindow, StartsAtTheDesignedGeometry) {
+TEST(MainWindow, StartsAtTheDesignedGeometryWithTheMenuTree) {
     Started w;
     frmGraphMain& m = *w.window;
     EXPECT_EQ(m.frmGraph()->geometry(), QRect(352, 65, 400, 400));
@@ -42,10 +38,6 @@ TEST(MainWindow, StartsAtTheDesignedGeometry) {
     EXPECT_TRUE(QDir(w.programDir.filePath(QStringLiteral("Saved Problems"))).exists());
     EXPECT_EQ(w.s->ActiveSlot, 0);
     EXPECT_TRUE(m.Paper(0)->hasFocus());
-}
-
-TEST(MainWindow, MenuTreeBuildsTheBarSubmenusSeparatorsAndShortcuts) {
-    Started w;
     // The Round Options menu is a pop-up of the readout, not in the bar.
     EXPECT_EQ(Captions(w.window->menuBar()->actions()),
               (QStringList{"&File", "F&unctions", "Graph &Options", "Graph &Window", "&Help"}));
@@ -63,8 +55,7 @@ TEST(MainWindow, MenuTreeBuildsTheBarSubmenusSeparatorsAndShortcuts) {
 
 TEST(MainWindow, BracketNegativeXIsTheLastCheckableOptionAndRedraws) {
     Started w;
-    w.Type(0, "x^2");
-    w.window->MenuClick("mnuGraphIt");
+    w.GraphRow0("x^2");
     QAction* item = w.window->MenuItem("mnuBracketNegativeX");
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(w.window->MenuOf("mnuGraphOptions")->actions().back(), item);
@@ -81,50 +72,31 @@ TEST(MainWindow, BracketNegativeXIsTheLastCheckableOptionAndRedraws) {
     }
 }
 
-TEST(MainWindow, ClearDataAnsweredYesEmptiesTheRowsAndTheirWidgets) {
-    Started w;
-    w.Type(0, "2x");
-    w.window->Blinker()->click();
-    w.Type(1, "x");
-    ASSERT_TRUE(w.window->Paper(1)->isVisible());
-    ASSERT_TRUE(w.window->ToolbarButton(1)->isEnabled());
-    w.platform.MsgBoxAnswers.push_back(MsgResultYes);
-    w.window->MenuItem("mnuClearData")->trigger();
-    EXPECT_EQ(w.platform.Messages(), Texts{ClearDataQuestion});
-    EXPECT_FALSE(w.window->Paper(1)->isVisible());
-    EXPECT_FALSE(w.window->Label1(1)->isVisible());
-    EXPECT_EQ(w.window->Blinker()->geometry().top(), 113);
-    EXPECT_FALSE(w.window->ToolbarButton(1)->isEnabled());
-    EXPECT_FALSE(w.Enabled("mnuGraphIt"));
-    EXPECT_TRUE(w.window->Paper(0)->hasFocus());
-}
-
 TEST(MainWindow, TypingOpensAndClosesTheGraphCommandsAndTheDropDownSetsTheTrigButton) {
-    for (const auto& [keys, open] : {std::pair("1/x", true), {"x+", false}}) {
-        SCOPED_TRACE(keys);
-        Started w;
-        w.Type(0, keys);
-        for (int button : {1, 12, 13})
-            EXPECT_EQ(w.window->ToolbarButton(button)->isEnabled(), open) << button;
-        for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
-            EXPECT_EQ(w.Enabled(item), open) << item;
-    }
     Started w;
+    for (const auto& [keys, open] : {std::pair("1/x", true), {"+", false}}) {
+        w.Type(0, keys); // 1/x, then 1/x+
+        for (int button : {1, 12, 13})
+            EXPECT_EQ(w.window->ToolbarButton(button)->isEnabled(), open) << keys << button;
+        for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
+            EXPECT_EQ(w.window->MenuItem(item)->isEnabled(), open) << keys << item;
+    }
     QToolButton* trig = w.window->ToolbarButton(10);
     ASSERT_NE(trig->menu(), nullptr);
     const QList<QAction*> entries = trig->menu()->actions();
     const auto cosine = Captions(entries).indexOf(QStringLiteral("Insert Cosine"));
     ASSERT_GE(cosine, 0);
     entries[cosine]->trigger();
-    EXPECT_EQ(w.s->TokenCount(0), 0);
+    EXPECT_EQ(EntryText(*w.s, 0), "1/x+"); // the drop-down only chooses
     EXPECT_EQ(trig->toolTip(), QStringLiteral("Insert Cosine"));
     trig->click();
-    EXPECT_EQ(EntryText(*w.s, 0), "C(");
+    EXPECT_EQ(EntryText(*w.s, 0), "1/x+C(");
     EXPECT_TRUE(w.platform.Calls.empty());
 }
 
-TEST(MainWindow, FocusColoursTheRowsAndBlinkerFocusesTheRowAfterTheActiveOne) {
+TEST(MainWindow, FocusColoursTheRowsBlinkerFocusesTheNextRowAndClearDataHidesThem) {
     Started w;
+    w.Type(0, "2x");
     frmGraphMain& m = *w.window;
     // The colour of each row's background, 'y' pale yellow or 'w' white, and the active row.
     const auto rows = [&] {
@@ -144,24 +116,35 @@ TEST(MainWindow, FocusColoursTheRowsAndBlinkerFocusesTheRowAfterTheActiveOne) {
     EXPECT_TRUE(m.Paper(4)->hasFocus());
     EXPECT_FALSE(m.Blinker()->isVisible());
     EXPECT_EQ(rows(), "wwwwy 4");
+    ASSERT_TRUE(m.ToolbarButton(1)->isEnabled());
     // The graph takes the focus: every row white, the active row kept for the menus.
     m.frmGraph()->setFocus();
     EXPECT_EQ(rows(), "wwwww 4");
+    // Clear Data answered Yes empties the rows and takes their widgets away.
+    w.platform.MsgBoxAnswers.push_back(MsgResultYes);
+    m.MenuItem("mnuClearData")->trigger();
+    EXPECT_EQ(w.platform.Messages(), Texts{ClearDataQuestion});
+    EXPECT_FALSE(m.Paper(1)->isVisible());
+    EXPECT_FALSE(m.Label1(1)->isVisible());
+    EXPECT_EQ(m.Blinker()->geometry().top(), 113);
+    EXPECT_FALSE(m.ToolbarButton(1)->isEnabled());
+    EXPECT_FALSE(m.MenuItem("mnuGraphIt")->isEnabled());
+    EXPECT_TRUE(m.Paper(0)->hasFocus());
+    EXPECT_EQ(rows(), "ywwww 0");
 }
 
 TEST(MainWindow, KeysAndTheMouseReachTheViewAndTheReadout) {
     Started w;
     // Navigation keys in a row move the view and type nothing.
-    w.Key(0, Qt::Key_Up);
-    w.Key(0, Qt::Key_End);
+    test::Press(w.window->Paper(0), Qt::Key_Up);
+    test::Press(w.window->Paper(0), Qt::Key_End);
     EXPECT_EQ(std::tuple(w.s->ViewYMax, w.s->ViewXMax), std::tuple(21.0, 30.0));
     EXPECT_EQ(w.s->TokenCount(0), 0);
     w.Type(0, "x");
-    w.Key(0, Qt::Key_Backspace);
+    test::Press(w.window->Paper(0), Qt::Key_Backspace);
     EXPECT_EQ(w.s->TokenCount(0), 0);
     // The mouse over the graph shows the coordinates in that view, -10..30 by -19..21.
     for (const auto& [at, readout] : {std::pair(QPointF(200, 200), "x = 10    y = 1"),
-                                      {QPointF(300, 100), "x = 20    y = 11"},
                                       {QPointF(0, 399), "x = -10    y = -19"}}) {
         test::Mouse(w.window->frmGraph(), QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton);
         EXPECT_EQ(w.window->Label2()->text(), QString::fromUtf8(readout));
