@@ -22,30 +22,33 @@ TEST(LineWidthDialog, ApplyThickensTheCurveAtOnceOkClosesCancelKeepsWhatApplyDid
     const int before = w.OnScreenCount(CurveRed, row);
     ASSERT_GT(before, 0);
     const int start = w.s->Slider1;
+    // Opened twice: Apply then Cancel, then OK.
     WhileModal<frmLineWidth>(
         {[&](frmLineWidth& d) {
-            QSlider* slider = d.Slider1();
-            EXPECT_EQ(std::tuple(slider->value(), slider->minimum(), slider->maximum()),
-                      std::tuple(start, 1, 10));
-            slider->setValue(9);
-            EXPECT_EQ(w.s->Slider1, start); // only the buttons copy
-            d.Command3()->click();          // Apply
+             QSlider* slider = d.Slider1();
+             EXPECT_EQ(std::tuple(slider->value(), slider->minimum(), slider->maximum()),
+                       std::tuple(start, 1, 10));
+             slider->setValue(9);
+             EXPECT_EQ(w.s->Slider1, start); // only the buttons copy
+             d.Command3()->click();          // Apply
+             EXPECT_EQ(w.s->Slider1, 9);
+             EXPECT_TRUE(d.isVisible());
+             EXPECT_GT(w.OnScreenCount(CurveRed, row), before);
+             slider->setValue(2);
+             d.Command1()->click();
+             EXPECT_EQ(d.result(), QDialog::Rejected);
+         },
+         [&](frmLineWidth& d) {
+             EXPECT_EQ(d.Slider1()->value(), 9);
+             d.Slider1()->setValue(1);
+             d.Command2()->click();
+             EXPECT_EQ(d.result(), QDialog::Accepted);
+         }},
+        [&] {
+            w.window->MenuClick("mnuLineW");
             EXPECT_EQ(w.s->Slider1, 9);
-            EXPECT_TRUE(d.isVisible());
-            EXPECT_GT(w.OnScreenCount(CurveRed, row), before);
-            slider->setValue(2);
-            d.Command1()->click();
-            EXPECT_EQ(d.result(), QDialog::Rejected);
-        }},
-        [&] { w.window->MenuClick("mnuLineW"); });
-    EXPECT_EQ(w.s->Slider1, 9);
-    WhileModal<frmLineWidth>({[&](frmLineWidth& d) {
-                                 EXPECT_EQ(d.Slider1()->value(), 9);
-                                 d.Slider1()->setValue(1);
-                                 d.Command2()->click();
-                                 EXPECT_EQ(d.result(), QDialog::Accepted);
-                             }},
-                             [&] { w.window->MenuClick("mnuLineW"); });
+            w.window->MenuClick("mnuLineW");
+        });
     EXPECT_EQ(w.s->Slider1, 1);
 }
 
@@ -57,8 +60,8 @@ TEST(EvalFXDialog, ShowsTheValuesInTheRowsColours) {
     frmEvalFX dialog(*w.s);
     dialog.Form_Load();
     dialog.show();
-    EXPECT_TRUE(dialog.Slider1()->isVisible());
-    EXPECT_EQ(dialog.Slider1()->maximum(), 2);
+    EXPECT_EQ(std::tuple(dialog.Slider1()->isVisible(), dialog.Slider1()->maximum()),
+              std::tuple(true, 2));
     EXPECT_FALSE(dialog.Label3(0)->isVisible());
     // The picture beside the slider, its paper as wide as the picture.
     EXPECT_EQ(QRect(dialog.Picture1()->pos(), dialog.PictureSurface()->QtImage().size()),

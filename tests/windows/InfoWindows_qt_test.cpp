@@ -1,5 +1,7 @@
+#include <QDir>
 #include <QElapsedTimer>
 #include <QListWidget>
+#include <QStandardPaths>
 #include <QTabWidget>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -29,14 +31,19 @@ TEST(frmLogo, ClosesItselfAtTheFirstTick) {
     clock.start();
     EXPECT_EQ(splash.exec(), QDialog::Accepted);
     EXPECT_GE(clock.elapsed(), 35);
-    EXPECT_FALSE(splash.logotime()->isActive());
-    EXPECT_FALSE(splash.isVisible());
+    EXPECT_EQ(std::tuple(splash.logotime()->isActive(), splash.isVisible()),
+              std::tuple(false, false));
     EXPECT_EQ(frmLogo().logotime()->interval(), 3000);
 }
 
-TEST(HelpBrowser, OpensTheBookWithContentsIndexAndSearch) {
+TEST(HelpBrowser, SaysSoWhenTheBookIsMissingAndOpensItWithContentsIndexAndSearch) {
     test::QtApp();
     HelpBrowser help;
+    QTemporaryDir empty;
+    EXPECT_FALSE(help.Open(empty.filePath(QStringLiteral("help/index.html"))));
+    EXPECT_TRUE(help.Viewer()->toPlainText().contains(QStringLiteral("not found")));
+    EXPECT_EQ(help.Contents()->topLevelItemCount(), 0);
+    EXPECT_TRUE(help.CurrentPage().isEmpty());
     ASSERT_TRUE(help.Open(BookPage("index.html")));
     EXPECT_EQ(help.CurrentPage(), QStringLiteral("index.html"));
     EXPECT_EQ(help.Viewer()->documentTitle(), QStringLiteral("Veritrace Help"));
@@ -78,21 +85,20 @@ TEST(HelpBrowser, OpensTheBookWithContentsIndexAndSearch) {
     EXPECT_EQ(help.CurrentPage(), QStringLiteral("area.html"));
 }
 
-TEST(HelpBrowser, SaysSoWhenTheBookIsMissing) {
-    test::QtApp();
-    HelpBrowser help;
-    QTemporaryDir empty;
-    EXPECT_FALSE(help.Open(empty.filePath(QStringLiteral("help/index.html"))));
-    EXPECT_TRUE(help.Viewer()->toPlainText().contains(QStringLiteral("not found")));
-    EXPECT_EQ(help.Contents()->topLevelItemCount(), 0);
-    EXPECT_TRUE(help.CurrentPage().isEmpty());
-}
-
-TEST(HelpTopics, HelpWebAndAboutFromTheMenusAndTheProgramsHelpWindow) {
+// The program's folder holds the help book and the web pages; Saved Problems goes to the
+// user's data where that folder is closed, as nothing can be made under /proc.
+TEST(ProgramFolder, HelpWebAboutAndSavedProblemsFromTheMenusAndTheProgramsHelpWindow) {
     {
+        QStandardPaths::setTestModeEnabled(true);
         MainWindowOptions options;
-        options.ProgramDir = "/opt/vt";
+        options.ProgramDir = "/proc/vt";
         test::StartedWindow<> w(options);
+        const QString saved =
+            QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+                .filePath(QStringLiteral("Saved Problems"));
+        EXPECT_EQ(QString::fromStdString(w.s->SavedProblemsDir), saved);
+        EXPECT_TRUE(QDir(saved).exists());
+        QStandardPaths::setTestModeEnabled(false);
         for (const char* item : {"mnuHelpTopics", "mnuVeritrace", "mnuHomePage"})
             w.window->MenuClick(item);
         w.window->ToolbarClick(16);
@@ -111,11 +117,11 @@ TEST(HelpTopics, HelpWebAndAboutFromTheMenusAndTheProgramsHelpWindow) {
         test::Texts shown;
         for (const auto& call : w.platform.Calls)
             shown.push_back(call.Kind + " " + call.Text);
-        EXPECT_EQ(shown, (test::Texts{"ShowHelp /opt/vt/help/index.html",
-                                      "OpenWebPage /opt/vt/help/web/veritrace.html",
-                                      "OpenWebPage /opt/vt/help/web/home.html",
-                                      "OpenWebPage /opt/vt/help/web/home.html",
-                                      "OpenWebPage /opt/vt/help/web/support.html",
+        EXPECT_EQ(shown, (test::Texts{"ShowHelp /proc/vt/help/index.html",
+                                      "OpenWebPage /proc/vt/help/web/veritrace.html",
+                                      "OpenWebPage /proc/vt/help/web/home.html",
+                                      "OpenWebPage /proc/vt/help/web/home.html",
+                                      "OpenWebPage /proc/vt/help/web/support.html",
                                       std::string("MsgBox ") + SysInfoUnavailableText}));
     }
     // The Qt platform shows it in the program's own help window, on the Index tab.

@@ -44,10 +44,10 @@ TEST(RegressionPanelWindow, ThreeClickedPointsAtOrderTwoDrawTheParabolaAndItsEqu
     Started w;
     w.window->MenuItem("mnuPtSeries")->trigger();
     ASSERT_TRUE(w.Panel().isVisible());
-    for (QWidget* control : std::initializer_list<QWidget*>{
-             w.Panel().MSFlexGrid1(), w.Panel().Frame1(), w.Panel().Frame2(), w.Panel().Frame3(),
-             w.Panel().Command5(), w.Panel().Command7()})
-        EXPECT_TRUE(control->isVisible());
+    RegressionPanel& p = w.Panel();
+    for (QWidget* shown : std::initializer_list<QWidget*>{p.MSFlexGrid1(), p.Frame1(), p.Frame2(),
+                                                          p.Frame3(), p.Command5(), p.Command7()})
+        EXPECT_TRUE(shown->isVisible());
     EXPECT_FALSE(w.window->Paper(0)->isVisible());
     EXPECT_EQ(w.window->ToolbarButton(14)->toolTip(), "Graph Analysis");
     EXPECT_EQ(w.window->frmGraph()->toolTip(), "Click on graph to enter point.");
@@ -61,8 +61,8 @@ TEST(RegressionPanelWindow, ThreeClickedPointsAtOrderTwoDrawTheParabolaAndItsEqu
     w.Click(1.2, 0.9);
     w.Click(3, 5);
     w.Click(-2, 6);
-    w.Panel().Command3()->click();
-    EXPECT_TRUE(w.Panel().Command3()->isChecked());
+    p.Command3()->click();
+    EXPECT_TRUE(p.Command3()->isChecked());
     EXPECT_EQ(w.s->FitObject.Degree(), 2);
     EXPECT_EQ(w.Table(), (Texts{"X", "Y", "1", "1", "3", "5", "-2", "6", "", ""}));
     for (const auto& [x, y] : {std::pair(1.0, 1.0), {3.0, 5.0}, {-2.0, 6.0}})
@@ -71,7 +71,7 @@ TEST(RegressionPanelWindow, ThreeClickedPointsAtOrderTwoDrawTheParabolaAndItsEqu
     EXPECT_TRUE(w.Near(0, 1.2, LineRed));
     EXPECT_TRUE(w.Near(5, 14.87, LineRed));
 
-    w.Panel().Command5()->click();
+    p.Command5()->click();
     EXPECT_EQ(w.s->RegressionEquation, "f(x) =  0.7333333333x^2^ - 0.9333333333x + 1.2");
     frmExplain* explain = test::Shown<frmExplain>();
     ASSERT_NE(explain, nullptr);

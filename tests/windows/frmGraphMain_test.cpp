@@ -1,6 +1,5 @@
 #include <QDir>
 #include <QMenuBar>
-#include <QStandardPaths>
 
 #include "commands/MainCommands.h"
 #include "entry/Entry.h"
@@ -72,8 +71,14 @@ TEST(MainWindow, BracketNegativeXIsTheLastCheckableOptionAndRedraws) {
     }
 }
 
-TEST(MainWindow, TypingOpensAndClosesTheGraphCommandsAndTheDropDownSetsTheTrigButton) {
+TEST(MainWindow, KeysReachTheViewAndTheRowsTheDropDownSetsTheTrigButtonTheMouseTheReadout) {
     Started w;
+    // Navigation keys in a row move the view and type nothing.
+    test::Press(w.window->Paper(0), Qt::Key_Up);
+    test::Press(w.window->Paper(0), Qt::Key_End);
+    EXPECT_EQ(std::tuple(w.s->ViewYMax, w.s->ViewXMax), std::tuple(21.0, 30.0));
+    EXPECT_EQ(w.s->TokenCount(0), 0);
+    // Typing opens and closes the graph commands.
     for (const auto& [keys, open] : {std::pair("1/x", true), {"+", false}}) {
         w.Type(0, keys); // 1/x, then 1/x+
         for (int button : {1, 12, 13})
@@ -81,17 +86,26 @@ TEST(MainWindow, TypingOpensAndClosesTheGraphCommandsAndTheDropDownSetsTheTrigBu
         for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
             EXPECT_EQ(w.window->MenuItem(item)->isEnabled(), open) << keys << item;
     }
+    test::Press(w.window->Paper(0), Qt::Key_Backspace);
+    EXPECT_EQ(EntryText(*w.s, 0), "1/x");
+    EXPECT_TRUE(w.window->ToolbarButton(1)->isEnabled());
     QToolButton* trig = w.window->ToolbarButton(10);
     ASSERT_NE(trig->menu(), nullptr);
     const QList<QAction*> entries = trig->menu()->actions();
     const auto cosine = Captions(entries).indexOf(QStringLiteral("Insert Cosine"));
     ASSERT_GE(cosine, 0);
     entries[cosine]->trigger();
-    EXPECT_EQ(EntryText(*w.s, 0), "1/x+"); // the drop-down only chooses
+    EXPECT_EQ(EntryText(*w.s, 0), "1/x"); // the drop-down only chooses
     EXPECT_EQ(trig->toolTip(), QStringLiteral("Insert Cosine"));
     trig->click();
-    EXPECT_EQ(EntryText(*w.s, 0), "1/x+C(");
+    EXPECT_EQ(EntryText(*w.s, 0), "1/xC(");
     EXPECT_TRUE(w.platform.Calls.empty());
+    // The mouse over the graph shows the coordinates in that view, -10..30 by -19..21.
+    for (const auto& [at, readout] : {std::pair(QPointF(200, 200), "x = 10    y = 1"),
+                                      {QPointF(0, 399), "x = -10    y = -19"}}) {
+        test::Mouse(w.window->frmGraph(), QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton);
+        EXPECT_EQ(w.window->Label2()->text(), QString::fromUtf8(readout));
+    }
 }
 
 TEST(MainWindow, FocusColoursTheRowsBlinkerFocusesTheNextRowAndClearDataHidesThem) {
@@ -131,37 +145,6 @@ TEST(MainWindow, FocusColoursTheRowsBlinkerFocusesTheNextRowAndClearDataHidesThe
     EXPECT_FALSE(m.MenuItem("mnuGraphIt")->isEnabled());
     EXPECT_TRUE(m.Paper(0)->hasFocus());
     EXPECT_EQ(rows(), "ywwww 0");
-}
-
-TEST(MainWindow, KeysAndTheMouseReachTheViewAndTheReadout) {
-    Started w;
-    // Navigation keys in a row move the view and type nothing.
-    test::Press(w.window->Paper(0), Qt::Key_Up);
-    test::Press(w.window->Paper(0), Qt::Key_End);
-    EXPECT_EQ(std::tuple(w.s->ViewYMax, w.s->ViewXMax), std::tuple(21.0, 30.0));
-    EXPECT_EQ(w.s->TokenCount(0), 0);
-    w.Type(0, "x");
-    test::Press(w.window->Paper(0), Qt::Key_Backspace);
-    EXPECT_EQ(w.s->TokenCount(0), 0);
-    // The mouse over the graph shows the coordinates in that view, -10..30 by -19..21.
-    for (const auto& [at, readout] : {std::pair(QPointF(200, 200), "x = 10    y = 1"),
-                                      {QPointF(0, 399), "x = -10    y = -19"}}) {
-        test::Mouse(w.window->frmGraph(), QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton);
-        EXPECT_EQ(w.window->Label2()->text(), QString::fromUtf8(readout));
-    }
-}
-
-TEST(MainWindow, SavedProblemsGoesToTheUsersDataWhereTheProgramFolderIsClosed) {
-    QStandardPaths::setTestModeEnabled(true);
-    // Nothing can be made under /proc, whoever runs the test.
-    MainWindowOptions options;
-    options.ProgramDir = "/proc/veritrace-no-such-folder";
-    Started w(options);
-    const QString expected = QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
-                                 .filePath(QStringLiteral("Saved Problems"));
-    EXPECT_EQ(QString::fromStdString(w.s->SavedProblemsDir), expected);
-    EXPECT_TRUE(QDir(expected).exists());
-    QStandardPaths::setTestModeEnabled(false);
 }
 
 TEST(MainWindow, ColourCommandsReachTheSwatchesAndTheGraphAndTheOthersSaySo) {
