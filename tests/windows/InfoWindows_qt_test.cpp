@@ -15,11 +15,9 @@
 
 namespace vt::windows {
 
-namespace {
-QString BookPage(const char* name) {
+static QString BookPage(const char* name) {
     return QStringLiteral(VERITRACE_HELP_BOOK "/") + QLatin1String(name);
 }
-} // namespace
 
 TEST(frmLogo, ClosesItselfAtTheFirstTick) {
     test::QtApp();

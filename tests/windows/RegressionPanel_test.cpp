@@ -43,7 +43,6 @@ struct Started : test::StartedWindow<> {
 TEST(RegressionPanelWindow, ThreeClickedPointsAtOrderTwoDrawTheParabolaAndItsEquation) {
     Started w;
     w.window->MenuItem("mnuPtSeries")->trigger();
-    ASSERT_TRUE(w.Panel().isVisible());
     RegressionPanel& p = w.Panel();
     for (QWidget* shown : std::initializer_list<QWidget*>{p.MSFlexGrid1(), p.Frame1(), p.Frame2(),
                                                           p.Frame3(), p.Command5(), p.Command7()})
@@ -90,16 +89,15 @@ TEST(RegressionPanelWindow, KeyedPointsTheTrendTheKeysTheMouseAndTheWayBack) {
     Started w;
     w.window->ToolbarButton(14)->click();
     RegressionPanel& p = w.Panel();
-    for (const auto& [x, refused] : {std::pair("x", true), {"1e1", false}}) {
-        w.platform.Calls.clear();
+    for (const char* x : {"x", "1e1"}) {
         p.Text2()->setText(x);
         p.Text3()->setText("2");
         emit p.Text2()->textEdited(x);
         emit p.Text3()->textEdited("2");
         p.Command4()->click();
-        EXPECT_EQ(w.platform.Messages(), refused ? Texts{PointsNotNumbersText} : Texts{}) << x;
         EXPECT_EQ(p.Text2()->text().toStdString(), x) << "the boxes keep their text";
     }
+    EXPECT_EQ(w.platform.Messages(), Texts{PointsNotNumbersText});
     EXPECT_EQ(w.s->FitObject.XYCount(), 1);
     // The order list acts only while Polynomial is on; the points stay through the trends.
     p.Combo1()->setCurrentIndex(3);

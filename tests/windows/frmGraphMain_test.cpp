@@ -35,7 +35,6 @@ TEST(MainWindow, StartsAtTheDesignedGeometryWithTheMenuTree) {
     // The first paint ran: the axes cross in the middle of the box.
     EXPECT_EQ(w.Pixel(m.frmGraph(), 200, 100), 0u);
     EXPECT_TRUE(QDir(w.programDir.filePath(QStringLiteral("Saved Problems"))).exists());
-    EXPECT_EQ(w.s->ActiveSlot, 0);
     EXPECT_TRUE(m.Paper(0)->hasFocus());
     // The Round Options menu is a pop-up of the readout, not in the bar.
     EXPECT_EQ(Captions(w.window->menuBar()->actions()),
