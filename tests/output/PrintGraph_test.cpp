@@ -12,12 +12,25 @@
 namespace vt {
 namespace {
 
-// A printer on a recording page of 10 by 7.5 inches.
+// A page of 10 by 7.5 inches whose characters may be wider than the screen's, and whose
+// picture may fail to print.
+struct PrinterPage : test::RecordingSurface {
+    float Widen = 1;
+    bool Fail = false;
+    PrinterPage() : RecordingSurface(800, 600) {}
+    float TextWidth(const std::string& text) override {
+        return Widen * RecordingSurface::TextWidth(text);
+    }
+    void PaintPicture(const PixelImage& image, float x, float y, float w, float h) override {
+        if (Fail) throw std::runtime_error("printer gone");
+        RecordingSurface::PaintPicture(image, x, y, w, h);
+    }
+};
+
 class RecordingPrinter : public PrinterJob {
   public:
-    test::RecordingSurface page{800, 600};
+    PrinterPage page;
     std::vector<std::string> Calls;
-    bool FailOnPicture = false;
 
     Surface& Page() override { return page; }
     double PageWidthInches() const override { return 10; }
@@ -98,26 +111,16 @@ TEST(PrintTheGraph, FunctionsInTheirColoursOrTheFitInBlack) {
 }
 
 TEST(PrintTheGraph, ALongFunctionRunsOn) {
-    // A printer whose characters are six times as wide: five full rows then need several lines
-    // each, and more than a page.
-    struct WidePage : test::RecordingSurface {
-        WidePage() : RecordingSurface(800, 600) {}
-        float TextWidth(const std::string& text) override {
-            return 6 * RecordingSurface::TextWidth(text);
-        }
-    };
-    struct WidePrinter : RecordingPrinter {
-        WidePage wide;
-        Surface& Page() override { return wide; }
-    };
+    // Characters six times as wide: five full rows then need several lines each, and more
+    // than a page.
     std::string keys;
     for (int i = 0; i < 60; ++i)
         keys += "x+";
     PrintFixture f({keys + "1", keys + "2", keys + "3", keys + "4", keys + "5"});
-    WidePrinter printer;
-    PrintTheGraph(*f.s, printer, {});
+    f.printer.page.Widen = 6;
+    PrintTheGraph(*f.s, f.printer, {});
     int wraps = 0, pages = 0;
-    for (const auto& p : printer.wide.Prints) {
+    for (const auto& p : f.printer.page.Prints) {
         wraps += p.Text == "...";
         // A plain character never starts past the line's end, nor below the page's end.
         if (p.Text.size() == 1 && p.Text != "_") {
@@ -125,26 +128,17 @@ TEST(PrintTheGraph, ALongFunctionRunsOn) {
             EXPECT_LT(p.Y, 560 + 12) << p.Text;
         }
     }
-    for (const auto& line : printer.wide.Log)
+    for (const auto& line : f.printer.page.Log)
         pages += line == "NewPage";
     EXPECT_GE(wraps, 20);
     EXPECT_GE(pages, 1);
-    EXPECT_EQ(printer.Calls, std::vector<std::string>{"EndDoc"});
+    EXPECT_EQ(f.printer.Calls, std::vector<std::string>{"EndDoc"});
 }
 
 TEST(PrintTheGraph, AFailedPageIsKilledSilently) {
-    struct FailingPage : test::RecordingSurface {
-        FailingPage() : RecordingSurface(800, 600) {}
-        void PaintPicture(const PixelImage&, float, float, float, float) override {
-            throw std::runtime_error("printer gone");
-        }
-    };
-    struct FailingPrinter : RecordingPrinter {
-        FailingPage failing;
-        Surface& Page() override { return failing; }
-    };
     PrintFixture f;
-    FailingPrinter printer;
+    RecordingPrinter printer;
+    printer.page.Fail = true;
     EXPECT_FALSE(PrintAndFinish(*f.s, printer, {}));
     EXPECT_EQ(printer.Calls, std::vector<std::string>{"KillDoc"});
     EXPECT_TRUE(PrintAndFinish(*f.s, f.printer, {}));

@@ -57,56 +57,28 @@ int StrayPixels(const QImage& a, const QImage& b, int reach) {
 // beside the painter is the bitmap exactly.
 TEST(PainterSurface, DrawsWhereTheBitmapDraws) {
     test::QtApp();
+    // clang-format off
     const std::pair<const char*, std::function<void(Surface&)>> cases[] = {
-        {"lines",
-         [](Surface& s) {
-             s.Line(-20, 0, 20, 0);
-             s.Line(-15, -18, 17, 9);
-             s.DrawWidth = 3;
-             s.LineColour(5, 19, 5, -19, Red);
-         }},
+        {"lines", [](Surface& s) {
+             s.Line(-20, 0, 20, 0), s.Line(-15, -18, 17, 9), s.DrawWidth = 3;
+             s.LineColour(5, 19, 5, -19, Red); }},
         {"far-off line", [](Surface& s) { s.Line(-1e6f, -1e5f, 1e6f, 1e5f); }},
         {"box", [](Surface& s) { s.Line(-10, 10, 12, -7, true); }},
-        {"filled boxes",
-         [](Surface& s) {
+        {"filled boxes", [](Surface& s) {
              s.FillColor = Blue;
-             for (int style = FillSolid; style <= FillDiagonalCross; ++style) {
-                 s.FillStyle = style;
-                 const float left = -20 + 5 * style;
-                 s.Line(left, 10, left + 4, -10, true, true);
-             }
-         }},
-        {"circle",
-         [](Surface& s) {
-             s.FillStyle = FillCross;
-             s.FillColor = Red;
-             s.Circle(3, -4, 9, Blue);
-         }},
-        {"flood fill",
-         [](Surface& s) {
-             s.Line(-10, 10, 10, -10, true);
-             s.FillStyle = FillSolid;
-             s.FillColor = Red;
-             s.ExtFloodFill(200, 200, White);
-         }},
-        {"hatched flood fill",
-         [](Surface& s) {
-             s.Circle(0, 0, 8, 0);
-             s.FillStyle = FillDiagonalCross;
-             s.FillColor = Blue;
-             s.ExtFloodFill(200, 200, White);
-         }},
-        {"text",
-         [](Surface& s) {
-             s.CurrentX = -18;
-             s.CurrentY = 15;
-             s.Print("f(x) = 2x + 1");
-             s.FontName = "OrlentisFont";
-             s.FontSize = 12;
-             s.Print("y = 3", true);
-             s.Print("0.5");
-         }},
-    };
+             for (int style = FillSolid; style <= FillDiagonalCross; ++style)
+                 s.FillStyle = style, s.Line(-20 + 5 * style, 10, -16 + 5 * style, -10, true, true); }},
+        {"circle", [](Surface& s) { s.FillStyle = FillCross, s.FillColor = Red, s.Circle(3, -4, 9, Blue); }},
+        {"flood fill", [](Surface& s) {
+             s.Line(-10, 10, 10, -10, true), s.FillStyle = FillSolid, s.FillColor = Red;
+             s.ExtFloodFill(200, 200, White); }},
+        {"hatched flood fill", [](Surface& s) {
+             s.Circle(0, 0, 8, 0), s.FillStyle = FillDiagonalCross, s.FillColor = Blue;
+             s.ExtFloodFill(200, 200, White); }},
+        {"text", [](Surface& s) {
+             s.CurrentX = -18, s.CurrentY = 15, s.Print("f(x) = 2x + 1");
+             s.FontName = "OrlentisFont", s.FontSize = 12, s.Print("y = 3", true), s.Print("0.5"); }}};
+    // clang-format on
     for (const auto& [name, draw] : cases) {
         RasterSurface bitmap(400, 400);
         GraphScale(bitmap);

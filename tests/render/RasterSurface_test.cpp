@@ -106,18 +106,16 @@ TEST(RasterSurfaceLine, CoversOnePixelPerStepAndLeavesOutTheLast) {
 
 TEST(RasterSurfaceXor, DrawingTwiceRestoresTheImage) {
     using Draw = std::function<void(RasterSurface&)>;
+    // clang-format off
     const std::pair<const char*, Draw> cases[] = {
         {"thin line", [](RasterSurface& s) { s.Line(-19, -15, 17, 12); }},
         {"wide line", [](RasterSurface& s) { s.DrawWidth = 4, s.Line(-19, 15, 17, -3); }},
         {"from far off", [](RasterSurface& s) { s.Line(-1e6f, -2e6f, 1e6f, 2e6f); }},
         {"wide box", [](RasterSurface& s) { s.DrawWidth = 3, s.Line(-5, -5, 8, 9, true); }},
-        {"hatched box",
-         [](RasterSurface& s) {
-             s.FillStyle = FillDiagonalCross, s.Line(-5, -5, 8, 9, true, true);
-         }},
-        {"filled circle",
-         [](RasterSurface& s) { s.FillStyle = FillSolid, s.Circle(2, 3, 6, Red); }},
+        {"hatched box", [](RasterSurface& s) { s.FillStyle = FillDiagonalCross, s.Line(-5, -5, 8, 9, true, true); }},
+        {"filled circle", [](RasterSurface& s) { s.FillStyle = FillSolid, s.Circle(2, 3, 6, Red); }},
         {"LineColour", [](RasterSurface& s) { s.LineColour(-20, 20, 20, -20, 0x123456); }}};
+    // clang-format on
     for (const auto& [what, draw] : cases) {
         RasterSurface s(400, 400);
         SetScale(s);
