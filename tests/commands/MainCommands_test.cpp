@@ -25,8 +25,6 @@ struct Fixture {
         PrepareMainWindow(*s);
     }
     void Type(const std::string& keys) { test::Type(*s, keys); }
-    // Forgets the rows focused so far.
-    void RecordFocus() { host.Focused.clear(); }
 };
 
 using Rows = std::vector<int>;
@@ -51,7 +49,7 @@ TEST(MainCommands, BlinkerRevealsTheNextHiddenRowAndFocusesTheRowAfterTheActiveO
         for (int i = 1; i <= shownBefore; ++i)
             Blinker_Click(*f.s);
         Paper_GotFocus(*f.s, activeBefore);
-        f.RecordFocus();
+        f.host.Focused.clear();
         f.s->QuietSlotReveal = quiet;
         mnuInsertF_Click(*f.s);
         EXPECT_EQ(f.s->ShownRows, shownRows);
@@ -166,7 +164,7 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
     for (int check1 : {0, 1}) {
         Fixture f;
         Blinker_Click(*f.s);
-        f.RecordFocus();
+        f.host.Focused.clear();
         f.s->Check1 = check1;
         Command2_Click(*f.s);
         EXPECT_EQ(f.s->ViewXMax, 10);

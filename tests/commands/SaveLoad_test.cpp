@@ -147,75 +147,61 @@ TEST(SaveLoad, LoadsAsTheFileSays) {
 }
 
 TEST(SaveLoad, EachBadFileGivesTheMessageOrLoadsAsItSaysAndTheRowsGoOnWorking) {
-    // {file, message shown, rows ("" where they are whatever keys the bytes happen to be),
-    // points}. Trend and order are counted from the end, so an extra field pairs up as a point;
-    // bytes above 127 and control codes are keys no rule takes, Backspace (8) is one.
-    // clang-format off
-    const std::tuple<const char*, bool, const char*, int> cases[] = {
-        {"binary.vtx", true, "", 0}, {"truncated-rows.vtx", true, "2x^2+1|~(x+1)|3/|||", 0},
-        {"truncated-points.vtx", false, "x|||||", 1}, {"empty.vtx", false, "x^2|||||", 0},
-        {"line-ends-only.vtx", true, "|||||", 0}, {"separators-only.vtx", true, "|||||", 0},
-        {"too-few-fields.vtx", true, "x+1|2x||||", 0}, {"too-many-fields.vtx", false, "x|||||", 2},
-        {"text-points.vtx", false, "|||||", 1}, {"order-11.vtx", true, "x|||||", 0},
-        {"order-1.vtx", true, "x|||||", 0}, {"points-501.vtx", true, "|||||", 501},
-        {"points-10000.vtx", true, "|||||", 501}, {"utf8.vtx", false, "x+|||||", 0},
-        {"latin1-and-control.vtx", false, "x+|x||||", 0}, {"long-row.vtx", false, "", 0}};
-    // clang-format on
-    for (const auto& [file, message, rows, points] : cases) {
-        SCOPED_TRACE(file);
-        Fixture f("x^2");
-        f.LoadFromDialog((BadFiles / file).string());
-        EXPECT_EQ(f.host.Messages(), message ? Texts{OpenFailedText} : Texts{});
-        if (*rows) {
-            EXPECT_EQ(f.Rows(), rows);
-        }
-        EXPECT_EQ(f.s->FitObject.XYCount(), points);
-        EXPECT_EQ(f.s->MousePointer, f.s->DefaultPointer);
-        EXPECT_TRUE(f.StillWorks());
-    }
-}
-
-TEST(SaveLoad, WhatIsNoFileToReadChangesNothing) {
-    Fixture f;
-    fs::create_directories(f.dir / "folder.vtx");
+    Fixture made;
+    fs::create_directories(made.dir / "folder.vtx");
     {
         // Larger than any graph data file: refused before it is read.
-        std::ofstream huge(f.dir / "huge.vtx", std::ios::binary);
+        std::ofstream huge(made.dir / "huge.vtx", std::ios::binary);
         huge << "xBBBBBBBBBBTrueBB2BB";
         huge.seekp(static_cast<std::streamoff>(MaxReadBytes) + 1);
         huge << '\n';
     }
-    ::chmod(f.File("unreadable.vtx", "xBBBBBBBBBBTrueBB2BB\r\n").c_str(), 0);
-    const std::string empty = f.File("empty.vtx", "");
+    ::chmod(made.File("unreadable.vtx", "xBBBBBBBBBBTrueBB2BB\r\n").c_str(), 0);
     // Permissions do not stop root, who reads the file as any other.
     const bool root = ::geteuid() == 0;
-    const std::pair<std::string, bool> cases[] = {{"folder.vtx", false},
-                                                  {"huge.vtx", false},
-                                                  {"missing.vtx", false},
-                                                  {"unreadable.vtx", root}};
-    // Through the dialog a file that cannot be read is as good as a cancel: nothing is said
-    // and nothing changes. Named on the command line, it gives the load's message.
-    for (const auto& [name, readable] : cases) {
+    const std::string untouched = "x^2|||||";
+    // {file; message shown, -1 for what is no file to read: through the dialog that is as good
+    // as a cancel, named on the command line it gives the load's message; rows ("" where they
+    // are whatever keys the bytes happen to be); points}. Trend and order are counted from the
+    // end, so an extra field pairs up as a point; bytes above 127 and control codes are keys no
+    // rule takes, Backspace (8) is one.
+    // clang-format off
+    const std::tuple<fs::path, int, std::string, int> cases[] = {
+        {BadFiles / "binary.vtx", 1, "", 0}, {BadFiles / "truncated-rows.vtx", 1, "2x^2+1|~(x+1)|3/|||", 0},
+        {BadFiles / "truncated-points.vtx", 0, "x|||||", 1}, {BadFiles / "empty.vtx", 0, untouched, 0},
+        {BadFiles / "line-ends-only.vtx", 1, "|||||", 0}, {BadFiles / "separators-only.vtx", 1, "|||||", 0},
+        {BadFiles / "too-few-fields.vtx", 1, "x+1|2x||||", 0}, {BadFiles / "too-many-fields.vtx", 0, "x|||||", 2},
+        {BadFiles / "text-points.vtx", 0, "|||||", 1}, {BadFiles / "order-11.vtx", 1, "x|||||", 0},
+        {BadFiles / "order-1.vtx", 1, "x|||||", 0}, {BadFiles / "points-501.vtx", 1, "|||||", 501},
+        {BadFiles / "points-10000.vtx", 1, "|||||", 501}, {BadFiles / "utf8.vtx", 0, "x+|||||", 0},
+        {BadFiles / "latin1-and-control.vtx", 0, "x+|x||||", 0}, {BadFiles / "long-row.vtx", 0, "", 0},
+        {made.dir / "folder.vtx", -1, untouched, 0}, {made.dir / "huge.vtx", -1, untouched, 0},
+        {made.dir / "missing.vtx", -1, untouched, 0},
+        {made.dir / "unreadable.vtx", root ? 0 : -1, root ? "x|||||" : untouched, 0}};
+    // clang-format on
+    for (const auto& [file, message, rows, points] : cases) {
         for (const bool commandLine : {false, true}) {
-            SCOPED_TRACE(name + (commandLine ? " on the command line" : " in the dialog"));
-            Fixture w("x^2");
-            const std::string path = (f.dir / name).string();
+            SCOPED_TRACE(file.filename().string() + (commandLine ? " on the command line" : ""));
+            Fixture f("x^2");
             if (commandLine)
-                LoadCommandFile(*w.s, path);
+                LoadCommandFile(*f.s, file.string());
             else
-                w.LoadFromDialog(path);
-            EXPECT_EQ(w.host.Messages().size(), commandLine && !readable ? 1u : 0u);
-            EXPECT_EQ(w.Rows(), readable ? "x|||||" : "x^2|||||");
-            EXPECT_TRUE(w.StillWorks());
+                f.LoadFromDialog(file.string());
+            const bool shown = message == 1 || (message < 0 && commandLine);
+            EXPECT_EQ(f.host.Messages(), shown ? Texts{OpenFailedText} : Texts{});
+            if (!rows.empty()) {
+                EXPECT_EQ(f.Rows(), rows);
+            }
+            EXPECT_EQ(f.s->FitObject.XYCount(), points);
+            EXPECT_EQ(f.s->MousePointer, f.s->DefaultPointer);
+            EXPECT_TRUE(f.StillWorks());
         }
     }
-    // An empty file and a cancelled dialog change nothing either.
-    Fixture w("x^2");
-    LoadCommandFile(*w.s, empty);
-    w.host.Answer.reset();
-    mnuLoad_Click(*w.s);
-    EXPECT_EQ(w.host.Calls.size(), 1u);
-    EXPECT_EQ(w.Rows(), "x^2|||||");
+    // A cancelled dialog changes nothing either.
+    Fixture f("x^2");
+    mnuLoad_Click(*f.s);
+    EXPECT_EQ(f.host.Calls.size(), 1u);
+    EXPECT_EQ(f.Rows(), untouched);
 }
 
 TEST(SaveLoad, AFailedLoadKeepsWhatItDidButClearsTheBreakdownTables) {
