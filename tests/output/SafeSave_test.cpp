@@ -30,29 +30,30 @@ std::string Contents(const fs::path& path) {
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-// The files in a folder other than the target: what a failed save left behind.
-int Leftovers(const fs::path& dir, const fs::path& target) {
-    int n = 0;
-    for (const auto& entry : fs::directory_iterator(dir))
-        n += entry.path() != target;
-    return n;
-}
-
-// A folder of its own for one case, removed at the end; a small file system mounted on it when
-// the test may mount one.
+// A folder of its own for one case, holding the old file, removed at the end; a small file
+// system mounted on it when the test may mount one.
 struct Folder {
-    fs::path dir;
+    fs::path dir, target;
     bool mounted = false;
 
     explicit Folder(const char* name) {
         dir = fs::temp_directory_path() /
               (std::string("vt-safesave-") + name + "-" + std::to_string(::getpid()));
+        target = dir / "graph.vtx";
         fs::remove_all(dir);
         fs::create_directories(dir);
     }
+    void WriteOld() { std::ofstream(target, std::ios::binary) << OldBytes; }
     bool MountSmallDisk(const char* size) {
         mounted = ::mount("tmpfs", dir.c_str(), "tmpfs", 0, size) == 0;
         return mounted;
+    }
+    // The files other than the target: what a failed save left behind.
+    int Leftovers() const {
+        int n = 0;
+        for (const auto& entry : fs::directory_iterator(dir))
+            n += entry.path() != target;
+        return n;
     }
     ~Folder() {
         if (mounted) ::umount(dir.c_str());
@@ -62,30 +63,22 @@ struct Folder {
     }
 };
 
-std::string Large(std::size_t n) {
-    std::string text;
-    while (text.size() < n)
-        text += "xBB1BB2BB";
-    return text;
-}
-
 } // namespace
 
 TEST(SafeSave, ReadOnlyFolderKeepsTheOldFile) {
     Folder f("ro");
-    const fs::path target = f.dir / "graph.vtx";
     if (::geteuid() == 0) {
         // Permissions do not stop root: a file system mounted read-only does.
         if (!f.MountSmallDisk("size=64k")) GTEST_SKIP() << "cannot mount a file system here";
-        std::ofstream(target, std::ios::binary) << OldBytes;
+        f.WriteOld();
         ASSERT_EQ(::mount("tmpfs", f.dir.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=64k"), 0);
     } else {
-        std::ofstream(target, std::ios::binary) << OldBytes;
+        f.WriteOld();
         ASSERT_EQ(::chmod(f.dir.c_str(), 0500), 0);
     }
-    EXPECT_FALSE(WriteGraphDataFile(target.string(), "new contents"));
-    EXPECT_EQ(Contents(target), OldBytes);
-    EXPECT_EQ(Leftovers(f.dir, target), 0);
+    EXPECT_FALSE(WriteGraphDataFile(f.target.string(), "new contents"));
+    EXPECT_EQ(Contents(f.target), OldBytes);
+    EXPECT_EQ(f.Leftovers(), 0);
 }
 
 TEST(SafeSave, FullDiskKeepsTheOldFile) {
@@ -93,9 +86,8 @@ TEST(SafeSave, FullDiskKeepsTheOldFile) {
     for (const bool smallDisk : {true, false}) {
         SCOPED_TRACE(smallDisk ? "a small disk filled up" : "the file size limit");
         Folder f("full");
-        const fs::path target = f.dir / "graph.vtx";
         if (smallDisk && !f.MountSmallDisk("size=64k")) continue;
-        std::ofstream(target, std::ios::binary) << OldBytes;
+        f.WriteOld();
         rlimit old{};
         ::getrlimit(RLIMIT_FSIZE, &old);
         auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
@@ -109,33 +101,32 @@ TEST(SafeSave, FullDiskKeepsTheOldFile) {
             small.rlim_cur = 64 * 1024;
             ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
         }
-        const bool written =
-            WriteGraphDataFile(target.string(), Large(smallDisk ? 64 << 10 : 200 << 10));
+        const bool written = WriteGraphDataFile(f.target.string(),
+                                                std::string(smallDisk ? 64 << 10 : 200 << 10, '1'));
         ::setrlimit(RLIMIT_FSIZE, &old);
         std::signal(SIGXFSZ, oldHandler);
         EXPECT_FALSE(written);
-        EXPECT_EQ(Contents(target), OldBytes);
-        EXPECT_EQ(Leftovers(f.dir, target), smallDisk ? 1 : 0); // the filler only
+        EXPECT_EQ(Contents(f.target), OldBytes);
+        EXPECT_EQ(f.Leftovers(), smallDisk ? 1 : 0); // the filler only
     }
 }
 
 TEST(SafeSave, SaveKilledBeforeItsRenameKeepsTheOldFile) {
     Folder f("killed");
-    const fs::path target = f.dir / "graph.vtx";
-    std::ofstream(target, std::ios::binary) << OldBytes;
+    f.WriteOld();
     // A child saves a text large enough that its write is still under way when it is killed,
     // as soon as its temporary file has grown.
     const std::string bytes(256u << 20, '1');
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        WriteGraphDataFile(target.string(), bytes);
+        WriteGraphDataFile(f.target.string(), bytes);
         ::_exit(0);
     }
     bool grown = false;
     for (int i = 0; i < 20000 && !grown; ++i) {
         for (const auto& entry : fs::directory_iterator(f.dir))
-            if (entry.path() != target && entry.file_size() > 0) grown = true;
+            if (entry.path() != f.target && entry.file_size() > 0) grown = true;
         if (!grown) std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
     ::kill(child, SIGKILL);
@@ -143,36 +134,36 @@ TEST(SafeSave, SaveKilledBeforeItsRenameKeepsTheOldFile) {
     ::waitpid(child, &status, 0);
     ASSERT_TRUE(grown);
     ASSERT_TRUE(WIFSIGNALED(status)) << "the save ended before it could be killed";
-    EXPECT_EQ(Contents(target), OldBytes);
+    EXPECT_EQ(Contents(f.target), OldBytes);
     // The next save replaces the file whatever the killed one left beside it.
-    ASSERT_TRUE(WriteGraphDataFile(target.string(), "after"));
-    EXPECT_EQ(Contents(target), "after\r\n");
+    ASSERT_TRUE(WriteGraphDataFile(f.target.string(), "after"));
+    EXPECT_EQ(Contents(f.target), "after\r\n");
 }
 
 TEST(SafeFile, ReplacesWholeOrNotAtAllAndWritesThroughALink) {
     Folder f("replace");
-    const fs::path target = f.dir / "a.vtx", link = f.dir / "link.vtx";
-    ASSERT_TRUE(WriteFileReplacing(target.string(), "old contents").Written);
-    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
+    const fs::path link = f.dir / "link.vtx";
+    ASSERT_TRUE(WriteFileReplacing(f.target.string(), "old contents").Written);
+    fs::permissions(f.target, fs::perms::owner_read | fs::perms::owner_write);
     // Each failing step leaves the old file as it was, and no temporary behind.
     for (WriteStep step :
          {WriteStep::CreateTemporary, WriteStep::Write, WriteStep::Flush, WriteStep::Rename}) {
-        const WriteResult result = WriteFileReplacing(target.string(), "never lands", {step});
+        const WriteResult result = WriteFileReplacing(f.target.string(), "never lands", {step});
         EXPECT_FALSE(result.Written);
         EXPECT_EQ(result.FailedAt, step);
         EXPECT_FALSE(result.Error.empty());
-        EXPECT_EQ(Contents(target), "old contents");
-        EXPECT_EQ(Leftovers(f.dir, target), 0);
+        EXPECT_EQ(Contents(f.target), "old contents");
+        EXPECT_EQ(f.Leftovers(), 0);
     }
-    ASSERT_TRUE(WriteFileReplacing(target.string(), std::string("x\0y", 3)).Written);
-    EXPECT_EQ(Contents(target), std::string("x\0y", 3));
-    EXPECT_EQ(fs::status(target).permissions() & fs::perms::all,
+    ASSERT_TRUE(WriteFileReplacing(f.target.string(), std::string("x\0y", 3)).Written);
+    EXPECT_EQ(Contents(f.target), std::string("x\0y", 3));
+    EXPECT_EQ(fs::status(f.target).permissions() & fs::perms::all,
               fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(Leftovers(f.dir, target), 0);
-    fs::create_symlink(target, link);
+    EXPECT_EQ(f.Leftovers(), 0);
+    fs::create_symlink(f.target, link);
     ASSERT_TRUE(WriteFileReplacing(link.string(), "two").Written);
     EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_EQ(Contents(target), "two");
+    EXPECT_EQ(Contents(f.target), "two");
 }
 
 TEST(SafeFile, RefusesWhatIsNoFile) {
