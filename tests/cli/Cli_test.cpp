@@ -27,13 +27,11 @@ TEST(CliFormulas, ShowsWhatTheRowsMakeOfTheKeys) {
                    R"j("graphable":"2x^(2)+S(x)","script":"2*x^(2)+sin(x)","incomplete":false})j"));
     // {arguments, pieces of the output}. A trailing operator closes the graph command; the
     // companion starts from cleared rows as a load does, so an empty row 0 counts as complete
-    // but nothing typed anywhere leaves the command closed.
+    // but nothing typed anywhere leaves the command closed. Each -k fills the next row.
     const std::pair<QStringList, std::vector<std::string>> cases[] = {
         {{"--json", "-k", "x", "-k", "~(x+1)"}, {R"j("keys":"~(x+1)")j", R"j("((x+1)^.5)")j"}},
         {{"--json", "-k", "x+"}, {R"j("incomplete":true)j", R"j("can_graph":false)j"}},
-        {{"--json", "-k", "xx+*2"}, {R"j("entry":"x+2")j", R"j("can_graph":true)j"}},
         {{"-k", "1/x"}, {"  graphable:  (1)/(x)\n", "graph command: open\n"}},
-        {{"--json", "-k", "", "-k", "x"}, {R"j("can_graph":true)j"}},
         {{"-k", "", "-k", "", "-k", "S(x)"},
          {"f1 (row 0)\n  keys:       \n", "  script:     sin(x)\n", "graph command: open\n"}},
         {{"--json", "-k", ""}, {R"j("can_graph":false)j"}}};
@@ -56,7 +54,6 @@ TEST(CliEvalAndArea, GiveTheValuesTheWindowsShow) {
          R"j({"x":"0","values":["NA","1","","",""]})j", ""},
         {{"eval", "--json", "--at", "1e2", "-k", "x"}, R"j({"x":"1e2","values":["100","","","",""]})j", ""},
         {{"eval", "--at", "2", "-k", "2x+1"}, "f1(2) = 5    [2x+1]\n", ""},
-        {{"eval", "--at", "-3", "-k", "-x^2"}, "f1(-3) = 9    [-x^2]\n", "f1(-3) = -9    [-x^2]\n"},
         {{"area", "--from", "0", "--to", "2", "--step", "1", "--slot", "1", "-k", "x", "-k", "3"},
          "9.00\n", ""},
         {{"area", "--from", "0", "--to", "4", "--step", "1", "-k", "2.5", "--json"},
@@ -114,16 +111,10 @@ TEST(CliFit, FitsAsRegressionModeDoes) {
         {{"--json", "-p", "abc,1", "-m", "2.5,-3.5", "-p", "1,", "-m", "-0.5,2.5"},
          R"j({"count":2,"degree":1,"coefficients":[2,-3],"equation":"f(x) = - 3x + 2","values":{},)j"
          R"j("messages":["X and Y must be numbers.","X and Y must be numbers."]})j", 1},
-        // The start-up trend is Linear; an order with no points only sets the degree.
+        // The start-up trend is Linear.
         {{"--json", "-p", "0,1", "-p", "1,2", "-p", "2,5"},
          R"j({"count":3,"degree":1,"coefficients":[0.666666666666667,2],)j"
          R"j("equation":"f(x) =  2x + 0.6666666667","values":{}})j", 0},
-        {{"--json", "--order", "10", "--at", "0"},
-         R"j({"count":0,"degree":10,"coefficients":[],"equation":"f(x) =","values":{"0":"0"}})j", 0},
-        // An overflowing point is counted with the sums as far as they got, and not stored.
-        {{"--json", "-p", "1E200,1E200", "-p", "2,2", "--at", "1", "--at", "1E308"},
-         R"j({"count":2,"degree":1,"coefficients":[0,1],"equation":"f(x) =  x",)j"
-         R"j("values":{"1":"1","1E308":"1E+308"}})j", 0},
         {{"-p", "1,2", "-p", "3,5", "--at", "2"}, "points: 2\nf(x) =  1.5x + 0.5\nf(2) = 3.5\n", 0},
         // The 501st point is counted by the fit without a message.
         {fiveHundredAndOne, R"j({"count":501,"degree":1,"coefficients":[0,3],"equation":"f(x) =  3x","values":{}})j", 0}};
@@ -165,7 +156,7 @@ TEST(CliArguments, RefusesWhatItCannotDo) {
         {{"breakdown", "-k", "x", "--tokens", "x"}, 2, "give the equation once"},
         {{"fit", "--linear", "--order", "2"}, 2, "give either --linear or --order N"},
         {{"fit", "--order", "1"}, 2, "--order takes a whole number from 2 to 10"},
-        {{"fit", "--order", "2.5"}, 2, "--order"}, {{"fit", "-p", "5"}, 2, ""}, {{"fit", "-m", "a,1"}, 2, ""},
+        {{"fit", "-p", "5"}, 2, ""}, {{"fit", "-m", "a,1"}, 2, ""},
         {{"fit", "--at", "x"}, 1, ""}, {{"export", "--order", "11", "-o", png}, 2, "--order"},
         // Only the commands that evaluate take the bracket option.
         {{"fit", "--bracket-negative-x", "-p", "0,0", "-p", "1,1"}, 2, ""},
@@ -244,7 +235,6 @@ TEST(CliDataFile, LoadGivesTheMessageAndPrintsWhatItReplayed) {
          R"j({"message":"Veritrace could not open the specified file.","slots":["x+1","2x")j", ""},
         {{bad.arg("truncated-points.vtx"), "--json"}, 0, R"j("message":null)j", ""},
         {{linear.fileName()}, 0, "trend: Linear, order 4, degree 1", ""},
-        {{bad.arg(""), "--json"}, 1, "could not open", ""},
         {{dir.filePath("missing.vtx")}, 1, "points: 0", "could not open"}};
     // clang-format on
     for (const auto& [arguments, exit, out, err] : cases) {

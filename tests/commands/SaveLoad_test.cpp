@@ -35,13 +35,15 @@ class FileHost : public test::ScriptedPlatform {
     std::optional<std::string> Answer;
     std::vector<FileDialogRequest> Requests;
     std::optional<std::string> OpenFileName(const FileDialogRequest& request) override {
-        ScriptedPlatform::OpenFileName(request);
-        Requests.push_back(request);
-        return Answer;
+        return Asked(ScriptedPlatform::OpenFileName(request), request);
     }
     std::optional<std::string> SaveFileName(const FileDialogRequest& request) override {
-        ScriptedPlatform::SaveFileName(request);
-        Requests.push_back(request);
+        return Asked(ScriptedPlatform::SaveFileName(request), request);
+    }
+
+  private:
+    std::optional<std::string> Asked(std::optional<std::string>, const FileDialogRequest& r) {
+        Requests.push_back(r);
         return Answer;
     }
 };
@@ -74,6 +76,13 @@ struct Fixture {
     Texts Load(const std::string& bytes) {
         LoadCommandFile(*s, File("in.vtx", bytes));
         return host.Messages();
+    }
+    // Runs a save command whose dialog answers with a file in the folder; what it wrote.
+    std::string SaveTo(void (*command)(Session&), const std::string& name) {
+        host.Answer = (dir / name).string();
+        command(*s);
+        std::string bytes;
+        return ReadWholeFile(*host.Answer, bytes) ? bytes : "no file";
     }
     void LoadFromDialog(const std::string& path) {
         host.Answer = path;
@@ -258,22 +267,15 @@ TEST(SaveLoad, SavesWhatItLoads) {
         Fixture f;
         EXPECT_TRUE(f.Load(bytes).empty());
         EXPECT_EQ(GraphDataText(*f.s).value_or("none") + "\r\n", bytes);
-        // Through the dialog, into a file.
-        f.host.Answer = (f.dir / "out.vtx").string();
-        mnuSave_Click(*f.s);
-        std::string written;
-        ASSERT_TRUE(ReadWholeFile(*f.host.Answer, written));
-        EXPECT_EQ(written, bytes);
+        EXPECT_EQ(f.SaveTo(mnuSave_Click, "out.vtx"), bytes);
     }
     // A series past the kept points is not saved, and no dialog is shown.
     Fixture f;
     f.Load(Series(501));
     f.host.Calls.clear();
-    f.host.Answer = (f.dir / "out.vtx").string();
-    mnuSave_Click(*f.s);
+    EXPECT_EQ(f.SaveTo(mnuSave_Click, "out.vtx"), "no file");
     EXPECT_EQ(f.host.Messages(), Texts{SaveFailedText});
     EXPECT_EQ(f.host.Calls.size(), 1u);
-    EXPECT_FALSE(fs::exists(*f.host.Answer));
 }
 
 TEST(SaveLoad, TheDialogsAndTheirSharedFilter) {
@@ -301,17 +303,12 @@ TEST(SaveLoad, TheDialogsAndTheirSharedFilter) {
 TEST(SaveLoad, BitmapOfTheGraphBox) {
     Fixture f;
     f.box.BackColor = 0x00C000;
-    f.host.Answer = (f.dir / "graph.bmp").string();
-    mnuBitMap_Click(*f.s);
-    std::string bytes;
-    ASSERT_TRUE(ReadWholeFile(*f.host.Answer, bytes));
+    const std::string bytes = f.SaveTo(mnuBitMap_Click, "graph.bmp");
     ASSERT_EQ(bytes.size(), 54u + 400u * 400u * 3u);
     EXPECT_EQ(bytes.substr(54, 3), std::string("\x00\xC0\x00", 3));
     // A write that cannot happen says nothing and leaves no file.
-    f.host.Answer = (f.dir / "no folder" / "graph.bmp").string();
-    mnuBitMap_Click(*f.s);
+    EXPECT_EQ(f.SaveTo(mnuBitMap_Click, "no folder/graph.bmp"), "no file");
     EXPECT_TRUE(f.host.Messages().empty());
-    EXPECT_FALSE(fs::exists(*f.host.Answer));
 }
 
 } // namespace
