@@ -103,11 +103,10 @@ TEST(MainCommands, ClearDataAsksAndOnlyYesErasesTheRowsOrInRegressionModeTheSeri
     f.s->ViewXMin = -3;
     f.platform.MsgBoxAnswers.push_back(MsgResultYes);
     mnuClearData_Click(*f.s);
-    EXPECT_EQ(f.s->FitObject.XYCount(), 0);
-    EXPECT_EQ(f.s->ViewXMin, -20);
-    EXPECT_EQ(EntryText(*f.s, 0), "x");
-    EXPECT_TRUE(f.s->RowVisible(1));
-    EXPECT_FALSE(f.s->Toolbar1(1).Enabled);
+    // {points, ViewXMin, row 0, row 1 shown, the Graph button open}
+    EXPECT_EQ(std::tuple(f.s->FitObject.XYCount(), f.s->ViewXMin, EntryText(*f.s, 0),
+                         f.s->RowVisible(1), f.s->Toolbar1(1).Enabled),
+              std::tuple(0, -20.0, std::string("x"), true, false));
 }
 
 TEST(MainCommands, ToolbarKeysRunTheirCommands) {

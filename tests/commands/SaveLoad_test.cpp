@@ -256,13 +256,10 @@ TEST(SaveLoad, QuotesOnTheCommandLineAreDropped) {
 }
 
 TEST(SaveLoad, SavesWhatItLoads) {
-    const std::string files[] = {
-        Example,
-        "BBBBBBBBBBTrueBB2BB\r\n",
-        "xBBBB~(x+1)BBBBBBTrueBB7BB\r\n",
-        "S(x)BBC(x)BBT(x)BB|x|BBPx^2BB" + Points(500) + "FalseBB10BB\r\n",
-        "BBBBBBBBBB0.333333333333333BB-0.00001BB1E+20BB0BBFalseBB5BB\r\n",
-    };
+    const std::string files[] = {Example, "BBBBBBBBBBTrueBB2BB\r\n",
+                                 "xBBBB~(x+1)BBBBBBTrueBB7BB\r\n",
+                                 "S(x)BBC(x)BBT(x)BB|x|BBPx^2BB" + Points(500) + "FalseBB10BB\r\n",
+                                 "BBBBBBBBBB0.333333333333333BB-0.00001BB1E+20BB0BBFalseBB5BB\r\n"};
     for (const std::string& bytes : files) {
         Fixture f;
         EXPECT_TRUE(f.Load(bytes).empty());

@@ -24,10 +24,7 @@ namespace vt::render {
 
 namespace {
 
-constexpr Colour White = 0xFFFFFF;
-constexpr Colour Black = 0x000000;
-constexpr Colour Red = 0x0000FF;
-constexpr Colour Blue = 0xFF0000;
+constexpr Colour White = 0xFFFFFF, Black = 0x000000, Red = 0x0000FF, Blue = 0xFF0000;
 
 using Ink = std::set<std::pair<int, int>>;
 
@@ -174,9 +171,8 @@ TEST(RasterSurfaceLine, CoversOnePixelPerStepAndLeavesOutTheLast) {
 }
 
 TEST(RasterSurfaceXor, DrawingTwiceRestoresTheImage) {
-    using Draw = std::function<void(RasterSurface&)>;
     // clang-format off
-    const std::pair<const char*, Draw> cases[] = {
+    const std::pair<const char*, std::function<void(RasterSurface&)>> cases[] = {
         {"thin line", [](RasterSurface& s) { s.Line(-19, -15, 17, 12); }},
         {"wide line", [](RasterSurface& s) { s.DrawWidth = 4, s.Line(-19, 15, 17, -3); }},
         {"from far off", [](RasterSurface& s) { s.Line(-1e6f, -2e6f, 1e6f, 2e6f); }},
@@ -377,10 +373,9 @@ TEST(PictureFile, ChoosesTheFormat) {
 // A file that can't be opened is reported, for every format, and drawing on it is harmless.
 TEST(PictureFile, ReportsAFileItCannotWrite) {
     test::QtApp();
-    for (const auto& [format, scale] : {std::pair(PictureFormat::Png, 1),
-                                        {PictureFormat::Bmp, 2},
-                                        {PictureFormat::Svg, 1},
-                                        {PictureFormat::Pdf, 1}}) {
+    using F = PictureFormat;
+    for (const auto& [format, scale] :
+         {std::pair(F::Png, 1), {F::Bmp, 2}, {F::Svg, 1}, {F::Pdf, 1}}) {
         PictureFile picture("/nonexistent-folder/g.out", format, 50, 40, scale);
         Surface& s = picture.SurfaceAt(0, 0, 50, 40);
         s.Line(0, 0, 49, 39);
