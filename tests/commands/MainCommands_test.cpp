@@ -25,8 +25,6 @@ struct Fixture {
         PrepareMainWindow(*s);
     }
     void Type(const std::string& keys) { test::Type(*s, keys); }
-    // Forgets the rows focused so far.
-    void RecordFocus() { host.Focused.clear(); }
 };
 
 using Rows = std::vector<int>;
@@ -51,7 +49,7 @@ TEST(MainCommands, BlinkerRevealsTheNextHiddenRowAndFocusesTheRowAfterTheActiveO
         for (int i = 1; i <= shownBefore; ++i)
             Blinker_Click(*f.s);
         Paper_GotFocus(*f.s, activeBefore);
-        f.RecordFocus();
+        f.host.Focused.clear();
         f.s->QuietSlotReveal = quiet;
         mnuInsertF_Click(*f.s);
         EXPECT_EQ(f.s->ShownRows, shownRows);
@@ -105,11 +103,10 @@ TEST(MainCommands, ClearDataAsksAndOnlyYesErasesTheRowsOrInRegressionModeTheSeri
     f.s->ViewXMin = -3;
     f.platform.MsgBoxAnswers.push_back(MsgResultYes);
     mnuClearData_Click(*f.s);
-    EXPECT_EQ(f.s->FitObject.XYCount(), 0);
-    EXPECT_EQ(f.s->ViewXMin, -20);
-    EXPECT_EQ(EntryText(*f.s, 0), "x");
-    EXPECT_TRUE(f.s->RowVisible(1));
-    EXPECT_FALSE(f.s->Toolbar1(1).Enabled);
+    // {points, ViewXMin, row 0, row 1 shown, the Graph button open}
+    EXPECT_EQ(std::tuple(f.s->FitObject.XYCount(), f.s->ViewXMin, EntryText(*f.s, 0),
+                         f.s->RowVisible(1), f.s->Toolbar1(1).Enabled),
+              std::tuple(0, -20.0, std::string("x"), true, false));
 }
 
 TEST(MainCommands, ToolbarKeysRunTheirCommands) {
@@ -166,7 +163,7 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
     for (int check1 : {0, 1}) {
         Fixture f;
         Blinker_Click(*f.s);
-        f.RecordFocus();
+        f.host.Focused.clear();
         f.s->Check1 = check1;
         Command2_Click(*f.s);
         EXPECT_EQ(f.s->ViewXMax, 10);

@@ -1,9 +1,22 @@
+// The graph data file and the bitmap as bytes, and how they are written: a save replaces the
+// file whole or not at all, so a failure at any step, or for a real reason (a folder that cannot
+// be written, a disk that fills up, a save killed between its write and its rename), leaves the
+// old file byte for byte.
+
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
+#include "commands/SaveLoad.h"
 #include "output/Bitmap.h"
 #include "output/DataFile.h"
 #include "output/SafeFile.h"
@@ -12,6 +25,48 @@ namespace vt {
 namespace {
 
 namespace fs = std::filesystem;
+
+const std::string OldBytes = "x^2BBBBBBBBBB1BB2BBTrueBB2BB\r\n";
+
+std::string Contents(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// A folder of its own for one case, holding the old file, removed at the end; a small file
+// system mounted on it when the test may mount one.
+struct Folder {
+    fs::path dir, target;
+    bool mounted = false;
+
+    explicit Folder(const char* name) {
+        dir = fs::temp_directory_path() /
+              (std::string("vt-safesave-") + name + "-" + std::to_string(::getpid()));
+        target = dir / "graph.vtx";
+        fs::remove_all(dir);
+        fs::create_directories(dir);
+    }
+    void WriteOld() { std::ofstream(target, std::ios::binary) << OldBytes; }
+    bool MountSmallDisk(const char* size) {
+        mounted = ::mount("tmpfs", dir.c_str(), "tmpfs", 0, size) == 0;
+        return mounted;
+    }
+    // The files other than the target: what a failed save left behind.
+    int Leftovers() const {
+        int n = 0;
+        for (const auto& entry : fs::directory_iterator(dir))
+            n += entry.path() != target;
+        return n;
+    }
+    ~Folder() {
+        if (mounted) ::umount(dir.c_str());
+        ::chmod(dir.c_str(), 0700);
+        std::error_code ec;
+        fs::remove_all(dir, ec);
+    }
+};
+
+} // namespace
 
 TEST(DataFile, BuildsTheLine) {
     // The rows and the flags go through a save of a loaded file; here the points' numbers: 15
@@ -22,10 +77,7 @@ TEST(DataFile, BuildsTheLine) {
 
 TEST(DataFile, SplitsAtEverySeparator) {
     using Fields = std::vector<std::string>;
-    struct Case {
-        std::string text;
-        Fields expected;
-    } cases[] = {
+    const std::pair<std::string, Fields> cases[] = {
         // clang-format off
         {"", {}}, {"abc", {"abc"}}, {"BB", {"", ""}}, {"aBB", {"a", ""}}, {"BBB", {"", "B"}},
         {"BBBB", {"", "", ""}}, {"xBBBByBB\r\n", {"x", "", "y", "\r\n"}},
@@ -33,91 +85,13 @@ TEST(DataFile, SplitsAtEverySeparator) {
         {"2x+1BBBBBBBBBB1BB2BB3BB4.5BBFalseBB3BB\r\n",
          {"2x+1", "", "", "", "", "1", "2", "3", "4.5", "False", "3", "\r\n"}},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(SplitFields(c.text), c.expected) << c.text;
+    for (const auto& [text, expected] : cases)
+        EXPECT_EQ(SplitFields(text), expected) << text;
 }
 
 TEST(DataFile, ProposedNames) {
     EXPECT_EQ(ProposedDataFileName({2024, 3, 7}), "Veritrace 03-07-24");
     EXPECT_EQ(ProposedBitmapFileName({2000, 12, 31}), "GraphBitmap 12-31-00");
-    const CalendarDate today = Today();
-    EXPECT_GE(today.Year, 2024);
-    EXPECT_EQ(FileNameDate(today).size(), 8u);
-}
-
-class SafeFileTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        dir = fs::temp_directory_path() /
-              ("vt-safefile-" + std::to_string(::getpid()) + "-" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir);
-        fs::create_directories(dir);
-    }
-    void TearDown() override { fs::remove_all(dir); }
-
-    std::string Read(const fs::path& path) {
-        std::string bytes;
-        EXPECT_TRUE(ReadWholeFile(path.string(), bytes));
-        return bytes;
-    }
-    int Entries() { return static_cast<int>(std::distance(fs::directory_iterator(dir), {})); }
-    fs::path dir;
-};
-
-TEST_F(SafeFileTest, ReplacesWholeOrNotAtAll) {
-    const fs::path target = dir / "a.vtx";
-    ASSERT_TRUE(WriteFileReplacing(target.string(), "old contents").Written);
-    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
-
-    // Each failing step leaves the old file as it was, and no temporary behind.
-    for (WriteStep step :
-         {WriteStep::CreateTemporary, WriteStep::Write, WriteStep::Flush, WriteStep::Rename}) {
-        const WriteResult result =
-            WriteFileReplacing(target.string(), "new contents that never land", {step});
-        EXPECT_FALSE(result.Written);
-        EXPECT_EQ(result.FailedAt, step);
-        EXPECT_FALSE(result.Error.empty());
-        EXPECT_EQ(Read(target), "old contents");
-        EXPECT_EQ(Entries(), 1);
-    }
-
-    ASSERT_TRUE(WriteFileReplacing(target.string(), std::string("x\0y", 3)).Written);
-    EXPECT_EQ(Read(target), std::string("x\0y", 3));
-    EXPECT_EQ(fs::status(target).permissions() & fs::perms::all,
-              fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(Entries(), 1);
-}
-
-TEST_F(SafeFileTest, WritesThroughALink) {
-    const fs::path real = dir / "real.vtx";
-    const fs::path link = dir / "link.vtx";
-    ASSERT_TRUE(WriteFileReplacing(real.string(), "one").Written);
-    fs::create_symlink(real, link);
-    ASSERT_TRUE(WriteFileReplacing(link.string(), "two").Written);
-    EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_EQ(Read(real), "two");
-}
-
-TEST_F(SafeFileTest, RefusesWhatIsNoFile) {
-    std::string bytes = "left over";
-    const fs::path missingFolder = dir / "no such folder" / "a.vtx";
-    EXPECT_FALSE(WriteFileReplacing(missingFolder.string(), "x").Written);
-    EXPECT_FALSE(WriteFileReplacing(dir.string(), "x").Written);
-    EXPECT_FALSE(WriteFileReplacing("", "x").Written);
-    EXPECT_FALSE(ReadWholeFile(dir.string(), bytes));
-    EXPECT_TRUE(bytes.empty());
-    EXPECT_FALSE(ReadWholeFile((dir / "missing.vtx").string(), bytes));
-    const fs::path fifo = dir / "pipe";
-    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-    EXPECT_FALSE(ReadWholeFile(fifo.string(), bytes)); // would wait for a writer for ever
-    const fs::path big = dir / "big.vtx";
-    std::ofstream(big).put('x');
-    fs::resize_file(big, MaxReadBytes + 1);
-    EXPECT_FALSE(ReadWholeFile(big.string(), bytes));
-    fs::resize_file(big, 0);
-    EXPECT_TRUE(ReadWholeFile(big.string(), bytes));
-    EXPECT_TRUE(bytes.empty());
 }
 
 TEST(Bitmap, EncodesBottomUpWithPaddedRows) {
@@ -132,21 +106,134 @@ TEST(Bitmap, EncodesBottomUpWithPaddedRows) {
         return v;
     };
     EXPECT_EQ(bmp.substr(0, 2), "BM");
-    EXPECT_EQ(u32(2), bmp.size());
-    EXPECT_EQ(u32(10), 54u);
-    EXPECT_EQ(u32(18), 3u);
-    EXPECT_EQ(u32(22), 2u);
-    EXPECT_EQ(u32(28) & 0xFFFF, 24u);
-    EXPECT_EQ(u32(30), 0u); // uncompressed
+    // {file size, pixel offset, width, height, bits per pixel, uncompressed}
+    EXPECT_EQ(std::tuple(u32(2), u32(10), u32(18), u32(22), u32(28) & 0xFFFF, u32(30)),
+              std::tuple(78u, 54u, 3u, 2u, 24u, 0u));
     // The bottom row first, each pixel blue, green, red.
     const std::string bottom("\x12\x34\x56\xFF\xFF\xFF\x00\x00\x00\x00\x00\x00", 12);
     const std::string top("\x00\x00\xFF\x00\xFF\x00\xFF\x00\x00\x00\x00\x00", 12);
-    EXPECT_EQ(bmp.substr(54, 12), bottom);
-    EXPECT_EQ(bmp.substr(66, 12), top);
+    EXPECT_EQ(bmp.substr(54), bottom + top);
 
     EXPECT_TRUE(EncodeBitmap(PixelImage{}).empty());
     EXPECT_TRUE(EncodeBitmap(PixelImage{2, 2, {1, 2, 3}}).empty());
 }
 
-} // namespace
+TEST(SafeSave, ReadOnlyFolderKeepsTheOldFile) {
+    Folder f("ro");
+    if (::geteuid() == 0) {
+        // Permissions do not stop root: a file system mounted read-only does.
+        if (!f.MountSmallDisk("size=64k")) GTEST_SKIP() << "cannot mount a file system here";
+        f.WriteOld();
+        ASSERT_EQ(::mount("tmpfs", f.dir.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=64k"), 0);
+    } else {
+        f.WriteOld();
+        ASSERT_EQ(::chmod(f.dir.c_str(), 0500), 0);
+    }
+    EXPECT_FALSE(WriteGraphDataFile(f.target.string(), "new contents"));
+    EXPECT_EQ(Contents(f.target), OldBytes);
+    EXPECT_EQ(f.Leftovers(), 0);
+}
+
+TEST(SafeSave, FullDiskKeepsTheOldFile) {
+    // A small disk filled up, then the file size limit; a disk is mounted only where it may be.
+    for (const bool smallDisk : {true, false}) {
+        SCOPED_TRACE(smallDisk ? "a small disk filled up" : "the file size limit");
+        Folder f("full");
+        if (smallDisk && !f.MountSmallDisk("size=64k")) continue;
+        f.WriteOld();
+        rlimit old{};
+        ::getrlimit(RLIMIT_FSIZE, &old);
+        auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        if (smallDisk) {
+            std::ofstream filler(f.dir / "filler", std::ios::binary);
+            const std::string block(4096, 'f');
+            for (int i = 0; i < 64 && filler.write(block.data(), block.size()); ++i) {
+            }
+        } else {
+            rlimit small = old;
+            small.rlim_cur = 64 * 1024;
+            ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+        }
+        const bool written = WriteGraphDataFile(f.target.string(),
+                                                std::string(smallDisk ? 64 << 10 : 200 << 10, '1'));
+        ::setrlimit(RLIMIT_FSIZE, &old);
+        std::signal(SIGXFSZ, oldHandler);
+        EXPECT_FALSE(written);
+        EXPECT_EQ(Contents(f.target), OldBytes);
+        EXPECT_EQ(f.Leftovers(), smallDisk ? 1 : 0); // the filler only
+    }
+}
+
+TEST(SafeSave, SaveKilledBeforeItsRenameKeepsTheOldFile) {
+    Folder f("killed");
+    f.WriteOld();
+    // A child saves a text large enough that its write is still under way when it is killed,
+    // as soon as its temporary file has grown.
+    const std::string bytes(256u << 20, '1');
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        WriteGraphDataFile(f.target.string(), bytes);
+        ::_exit(0);
+    }
+    bool grown = false;
+    for (int i = 0; i < 20000 && !grown; ++i) {
+        for (const auto& entry : fs::directory_iterator(f.dir))
+            if (entry.path() != f.target && entry.file_size() > 0) grown = true;
+        if (!grown) std::this_thread::sleep_for(std::chrono::microseconds(100));
+    }
+    ::kill(child, SIGKILL);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(grown);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the save ended before it could be killed";
+    EXPECT_EQ(Contents(f.target), OldBytes);
+    // The next save replaces the file whatever the killed one left beside it.
+    ASSERT_TRUE(WriteGraphDataFile(f.target.string(), "after"));
+    EXPECT_EQ(Contents(f.target), "after\r\n");
+}
+
+TEST(SafeFile, ReplacesWholeOrNotAtAllAndWritesThroughALink) {
+    Folder f("replace");
+    const fs::path link = f.dir / "link.vtx";
+    ASSERT_TRUE(WriteFileReplacing(f.target.string(), "old contents").Written);
+    fs::permissions(f.target, fs::perms::owner_read | fs::perms::owner_write);
+    // Each failing step leaves the old file as it was, and no temporary behind.
+    for (WriteStep step :
+         {WriteStep::CreateTemporary, WriteStep::Write, WriteStep::Flush, WriteStep::Rename}) {
+        const WriteResult result = WriteFileReplacing(f.target.string(), "never lands", {step});
+        EXPECT_FALSE(result.Written);
+        EXPECT_EQ(result.FailedAt, step);
+        EXPECT_FALSE(result.Error.empty());
+        EXPECT_EQ(Contents(f.target), "old contents");
+        EXPECT_EQ(f.Leftovers(), 0);
+    }
+    ASSERT_TRUE(WriteFileReplacing(f.target.string(), std::string("x\0y", 3)).Written);
+    EXPECT_EQ(Contents(f.target), std::string("x\0y", 3));
+    EXPECT_EQ(fs::status(f.target).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(f.Leftovers(), 0);
+    fs::create_symlink(f.target, link);
+    ASSERT_TRUE(WriteFileReplacing(link.string(), "two").Written);
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(Contents(f.target), "two");
+}
+
+TEST(SafeFile, RefusesWhatIsNoFile) {
+    Folder f("nofile");
+    EXPECT_FALSE(WriteFileReplacing((f.dir / "no such folder" / "a.vtx").string(), "x").Written);
+    EXPECT_FALSE(WriteFileReplacing(f.dir.string(), "x").Written);
+    EXPECT_FALSE(WriteFileReplacing("", "x").Written);
+    // A pipe would wait for a writer for ever; an empty file is read as nothing.
+    const fs::path fifo = f.dir / "pipe";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    std::string bytes = "left over";
+    EXPECT_FALSE(ReadWholeFile(fifo.string(), bytes));
+    EXPECT_TRUE(bytes.empty());
+    bytes = "left over";
+    std::ofstream(f.dir / "empty.vtx").flush();
+    EXPECT_TRUE(ReadWholeFile((f.dir / "empty.vtx").string(), bytes));
+    EXPECT_TRUE(bytes.empty());
+}
+
 } // namespace vt

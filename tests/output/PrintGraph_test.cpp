@@ -12,12 +12,25 @@
 namespace vt {
 namespace {
 
-// A printer on a recording page of 10 by 7.5 inches.
+// A page of 10 by 7.5 inches whose characters may be wider than the screen's, and whose
+// picture may fail to print.
+struct PrinterPage : test::RecordingSurface {
+    float Widen = 1;
+    bool Fail = false;
+    PrinterPage() : RecordingSurface(800, 600) {}
+    float TextWidth(const std::string& text) override {
+        return Widen * RecordingSurface::TextWidth(text);
+    }
+    void PaintPicture(const PixelImage& image, float x, float y, float w, float h) override {
+        if (Fail) throw std::runtime_error("printer gone");
+        RecordingSurface::PaintPicture(image, x, y, w, h);
+    }
+};
+
 class RecordingPrinter : public PrinterJob {
   public:
-    test::RecordingSurface page{800, 600};
+    PrinterPage page;
     std::vector<std::string> Calls;
-    bool FailOnPicture = false;
 
     Surface& Page() override { return page; }
     double PageWidthInches() const override { return 10; }
@@ -57,13 +70,12 @@ TEST(PrintTheGraph, HeadingThenPicture) {
     PrintTheGraph(*f.s, f.printer, {"My class", "3/7/2024"});
     const auto& prints = f.printer.page.Prints;
     ASSERT_EQ(prints.size(), 6u);
-    const char* texts[] = {"", "", "", "   My class", "   3/7/2024", ""};
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(prints[i].Text, texts[i]);
-        EXPECT_EQ(prints[i].FontName, "OrlentisFont");
-        EXPECT_EQ(prints[i].FontSize, 12);
-        EXPECT_EQ(prints[i].X, 0);
+    std::string texts;
+    for (const auto& p : prints) {
+        texts += p.Text + "|";
+        EXPECT_TRUE(p.FontName == "OrlentisFont" && p.FontSize == 12 && p.X == 0) << p.Text;
     }
+    EXPECT_EQ(texts, "|||   My class|   3/7/2024||");
     // One line is 12 points * 1.25 at 96 dpi on 600 pixels for 600 units: 20 units.
     EXPECT_FLOAT_EQ(prints[4].Y, 80);
     // The 400-pixel box is 4 1/6 inches: a third of 10 inches by 800 units, and of 7.5 by 600.
@@ -98,26 +110,16 @@ TEST(PrintTheGraph, FunctionsInTheirColoursOrTheFitInBlack) {
 }
 
 TEST(PrintTheGraph, ALongFunctionRunsOn) {
-    // A printer whose characters are six times as wide: five full rows then need several lines
-    // each, and more than a page.
-    struct WidePage : test::RecordingSurface {
-        WidePage() : RecordingSurface(800, 600) {}
-        float TextWidth(const std::string& text) override {
-            return 6 * RecordingSurface::TextWidth(text);
-        }
-    };
-    struct WidePrinter : RecordingPrinter {
-        WidePage wide;
-        Surface& Page() override { return wide; }
-    };
+    // Characters six times as wide: five full rows then need several lines each, and more
+    // than a page.
     std::string keys;
     for (int i = 0; i < 60; ++i)
         keys += "x+";
     PrintFixture f({keys + "1", keys + "2", keys + "3", keys + "4", keys + "5"});
-    WidePrinter printer;
-    PrintTheGraph(*f.s, printer, {});
+    f.printer.page.Widen = 6;
+    PrintTheGraph(*f.s, f.printer, {});
     int wraps = 0, pages = 0;
-    for (const auto& p : printer.wide.Prints) {
+    for (const auto& p : f.printer.page.Prints) {
         wraps += p.Text == "...";
         // A plain character never starts past the line's end, nor below the page's end.
         if (p.Text.size() == 1 && p.Text != "_") {
@@ -125,26 +127,17 @@ TEST(PrintTheGraph, ALongFunctionRunsOn) {
             EXPECT_LT(p.Y, 560 + 12) << p.Text;
         }
     }
-    for (const auto& line : printer.wide.Log)
+    for (const auto& line : f.printer.page.Log)
         pages += line == "NewPage";
     EXPECT_GE(wraps, 20);
     EXPECT_GE(pages, 1);
-    EXPECT_EQ(printer.Calls, std::vector<std::string>{"EndDoc"});
+    EXPECT_EQ(f.printer.Calls, std::vector<std::string>{"EndDoc"});
 }
 
 TEST(PrintTheGraph, AFailedPageIsKilledSilently) {
-    struct FailingPage : test::RecordingSurface {
-        FailingPage() : RecordingSurface(800, 600) {}
-        void PaintPicture(const PixelImage&, float, float, float, float) override {
-            throw std::runtime_error("printer gone");
-        }
-    };
-    struct FailingPrinter : RecordingPrinter {
-        FailingPage failing;
-        Surface& Page() override { return failing; }
-    };
     PrintFixture f;
-    FailingPrinter printer;
+    RecordingPrinter printer;
+    printer.page.Fail = true;
     EXPECT_FALSE(PrintAndFinish(*f.s, printer, {}));
     EXPECT_EQ(printer.Calls, std::vector<std::string>{"KillDoc"});
     EXPECT_TRUE(PrintAndFinish(*f.s, f.printer, {}));
