@@ -28,13 +28,15 @@ template <class T> inline bool IsEmptyValue(const T& value) {
         return false;
 }
 
-// Cells [first, first + count) set to the empty value; a text is emptied in place.
+// Cells [first, first + count) set to the empty value. A text is emptied in place, and only
+// when it holds something: most cells of the grids are gaps.
 template <class It> inline void EmptyCells(It first, int count) {
     for (int i = 0; i < count; ++i, ++first) {
-        if constexpr (requires { first->clear(); })
-            first->clear();
-        else
+        if constexpr (requires { first->clear(); }) {
+            if (!first->empty()) first->clear();
+        } else {
             *first = {};
+        }
     }
 }
 

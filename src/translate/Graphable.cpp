@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "entry/Entry.h"
 #include "entry/TokenText.h"
@@ -35,6 +36,8 @@ struct BuilderRun {
     BuilderRun(Session& session, int activeSlot) : s(session), slot(activeSlot) {}
 
     std::string& Cell(int k) { return s.BuildTokens(k); }
+    // A cell only read: reading leaves the grid's highest used cell where it is.
+    const std::string& Read(int k) const { return std::as_const(s.BuildTokens)(k); }
 
     bool FractionHere() const { return s.FractionOpen(slot) && fractionLevel == level; }
     bool ExponentHere() const { return s.ExponentOpen(slot) && exponentLevel == level; }
@@ -358,8 +361,9 @@ struct BuilderRun {
     }
 
     // Turns the marked-up tokens into the evaluator text, a piece a cell, and writes the
-    // display cells on the way.
-    void TextStage() {
+    // display cells on the way. Returns the display text: the display cells 0..1000 joined.
+    std::string TextStage() {
+        std::string display;
         int o = 0;
         bool textBar = false, textFraction = false, textExponent = false;
         bool exponentHasParen = false, textRoot = false, rootHasParen = false, skipParen = false;
@@ -369,10 +373,12 @@ struct BuilderRun {
         };
         const int lastCell = s.BuildPos + 20;
         for (int i = 0; i <= lastCell; ++i) {
-            const std::string& k = Cell(i);
+            const std::string& k = Read(i);
             if (k.empty()) continue;
             s.DisplayTokens(i, slot) = k;
-            const std::string& prevPiece = s.GraphableCells(o == 0 ? 0 : o - 1, slot);
+            if (i <= 1000) display += k;
+            const std::string& prevPiece =
+                std::as_const(s.GraphableCells)(o == 0 ? 0 : o - 1, slot);
             const bool prevEndsInParen = !prevPiece.empty() && prevPiece.back() == ')';
 
             if (IsNumberFraction(k)) {
@@ -393,7 +399,7 @@ struct BuilderRun {
                 put(textFraction ? ")" : "(");
                 textFraction = !textFraction;
             } else if (k == "~"sv && !textRoot) {
-                if (Cell(i + 4) == "("sv) {
+                if (Read(i + 4) == "("sv) {
                     put("(");
                     rootHasParen = true;
                 } else {
@@ -405,7 +411,7 @@ struct BuilderRun {
                 put(rootHasParen ? "^.5)" : ")^(.5)");
                 textRoot = false;
             } else if (k == "^"sv && !textExponent) {
-                exponentHasParen = Cell(i + 4) != "("sv;
+                exponentHasParen = Read(i + 4) != "("sv;
                 put(exponentHasParen ? "^(" : "^");
                 textExponent = true;
             } else if (k == "^"sv) {
@@ -422,16 +428,16 @@ struct BuilderRun {
                 put(k);
             } else if (k == "/"sv && !textExponent) {
                 put(")/(");
-            } else if (k == "("sv && Cell(i + 4) == "("sv) {
+            } else if (k == "("sv && Read(i + 4) == "("sv) {
                 // Of doubled parentheses one pair goes, as long as a ")" ")" pair follows.
                 bool pairAhead = false;
                 for (int j = i; j <= lastCell && !pairAhead; ++j)
-                    pairAhead = Cell(j) == ")"sv && Cell(j + 4) == ")"sv;
+                    pairAhead = Read(j) == ")"sv && Read(j + 4) == ")"sv;
                 if (pairAhead)
                     skipParen = true;
                 else
                     put("(");
-            } else if (k == ")"sv && Cell(i + 4) == ")"sv && skipParen) {
+            } else if (k == ")"sv && Read(i + 4) == ")"sv && skipParen) {
                 skipParen = false;
             } else if (prevPiece == ")"sv && IsLetter(k)) {
                 put("*");
@@ -440,11 +446,12 @@ struct BuilderRun {
                 put(k);
             }
         }
+        return display;
     }
 
     // The pieces joined, a multiplication sign between two bracketed factors, and the text
-    // stored back a character a cell.
-    void FinalText() {
+    // stored back a character a cell. Returns that text.
+    std::string FinalText() {
         const std::string joined = GraphableText(s, slot);
         std::string text;
         for (std::size_t c = 0; c < joined.size(); ++c) {
@@ -454,11 +461,13 @@ struct BuilderRun {
         s.GraphableCells.FillColumn(slot, "");
         for (std::size_t c = 0; c < text.size(); ++c)
             s.GraphableCells(static_cast<int>(c), slot) = text.substr(c, 1);
+        return text;
     }
 };
 
-// The whole work of a run over the active row.
-void GraphablePass(Session& s) {
+} // namespace
+
+GraphableRow BuildGraphable(Session& s) {
     BuilderRun run(s, s.ActiveSlot);
     const int slot = run.slot;
 
@@ -488,19 +497,14 @@ void GraphablePass(Session& s) {
 
     s.DisplayTokens.FillColumn(slot, "");
     s.GraphableCells.FillColumn(slot, "");
-    run.TextStage();
-    run.FinalText();
+    GraphableRow built;
+    built.Display = run.TextStage();
+    built.Evaluator = run.FinalText();
+    built.Incomplete = s.SlotIncomplete(slot);
 
     s.BuildTokens.Fill("");
     s.DisplayCount = s.BuildPos;
-}
-
-} // namespace
-
-GraphableRow BuildGraphable(Session& s) {
-    GraphablePass(s);
-    const int slot = s.ActiveSlot;
-    return {DisplayText(s, slot), GraphableText(s, slot), s.SlotIncomplete(slot)};
+    return built;
 }
 
 std::string GraphableText(const Session& s, int slot) {
