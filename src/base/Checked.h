@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <concepts>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -16,6 +17,29 @@ struct SubscriptError : std::out_of_range {
     SubscriptError() : std::out_of_range("Subscript out of range") {}
 };
 
+// Every array keeps, besides its cells, the highest index it has handed out for writing since it
+// was made or last filled with empty values: the cells above it all hold the empty value. So
+// emptying an array, or reading a row of cells in order, costs what the row holds, not what it
+// could hold; a keystroke rebuilds a row's texts this way in time that grows with the row.
+template <class T> inline bool IsEmptyValue(const T& value) {
+    if constexpr (std::equality_comparable<T>)
+        return value == T{};
+    else
+        return false;
+}
+
+// Cells [first, first + count) set to the empty value. A text is emptied in place, and only
+// when it holds something: most cells of the grids are gaps.
+template <class It> inline void EmptyCells(It first, int count) {
+    for (int i = 0; i < count; ++i, ++first) {
+        if constexpr (requires { first->clear(); }) {
+            if (!first->empty()) first->clear();
+        } else {
+            *first = {};
+        }
+    }
+}
+
 // One dimension, Lo..Hi inclusive.
 template <class T, int Lo, int Hi> class Array1 {
   public:
@@ -25,16 +49,28 @@ template <class T, int Lo, int Hi> class Array1 {
 
     T& operator()(int i) {
         if (i < Lo || i > Hi) throw SubscriptError();
+        top_ = std::max(top_, i);
         return cells_[static_cast<std::size_t>(i - Lo)];
     }
     const T& operator()(int i) const {
         if (i < Lo || i > Hi) throw SubscriptError();
         return cells_[static_cast<std::size_t>(i - Lo)];
     }
-    void Fill(const T& value) { cells_.fill(value); }
+    // The highest index that may hold something other than the empty value; below Lo if none.
+    int Top() const { return top_; }
+    void Fill(const T& value) {
+        if (IsEmptyValue(value)) {
+            EmptyCells(cells_.begin(), top_ - Lo + 1);
+            top_ = Lo - 1;
+        } else {
+            cells_.fill(value);
+            top_ = Hi;
+        }
+    }
 
   private:
     std::array<T, Size> cells_{};
+    int top_ = Lo - 1;
 };
 
 // Two dimensions, 0..Hi1 by 0..Hi2 inclusive, written (i, j) as the program does.
@@ -47,13 +83,36 @@ template <class T, int Hi1, int Hi2> class Array2 {
 
     T& operator()(int i, int j) {
         if (i < 0 || i > Hi1 || j < 0 || j > Hi2) throw SubscriptError();
+        int& top = tops_[static_cast<std::size_t>(j)];
+        top = std::max(top, i);
         return cells_[Index(i, j)];
     }
     const T& operator()(int i, int j) const {
         if (i < 0 || i > Hi1 || j < 0 || j > Hi2) throw SubscriptError();
         return cells_[Index(i, j)];
     }
-    void Fill(const T& value) { std::fill(cells_.begin(), cells_.end(), value); }
+    // The highest i of column j that may hold something other than the empty value; -1 if none.
+    int Top(int j) const {
+        if (j < 0 || j > Hi2) throw SubscriptError();
+        return tops_[static_cast<std::size_t>(j)];
+    }
+    void Fill(const T& value) {
+        for (int j = 0; j <= Hi2; ++j)
+            FillColumn(j, value);
+    }
+    // Cells (0..Hi1, j) set to the value.
+    void FillColumn(int j, const T& value) {
+        if (j < 0 || j > Hi2) throw SubscriptError();
+        int& top = tops_[static_cast<std::size_t>(j)];
+        const auto column = cells_.begin() + static_cast<std::ptrdiff_t>(Index(0, j));
+        if (IsEmptyValue(value)) {
+            EmptyCells(column, top + 1);
+            top = -1;
+        } else {
+            std::fill_n(column, Hi1 + 1, value);
+            top = Hi1;
+        }
+    }
 
   private:
     // Column-major: one slot's cells lie together.
@@ -61,27 +120,57 @@ template <class T, int Hi1, int Hi2> class Array2 {
         return static_cast<std::size_t>(j) * (Hi1 + 1) + static_cast<std::size_t>(i);
     }
     std::vector<T> cells_;
+    std::array<int, Hi2 + 1> tops_ = MakeTops();
+
+    static std::array<int, Hi2 + 1> MakeTops() {
+        std::array<int, Hi2 + 1> tops;
+        tops.fill(-1);
+        return tops;
+    }
 };
 
 // One dimension, 0..Hi inclusive, kept on the heap: a long row of cells inside a value that is
-// itself kept in arrays and copied whole.
+// itself kept in arrays and copied whole. Only the cells up to the highest one handed out for
+// writing are stored, so a copy costs what the row holds. Room for every cell is reserved at
+// once: a reference to a cell stays good while later cells come into use.
 template <class T, int Hi> class HeapArray {
   public:
     static constexpr int Upper = Hi;
 
-    HeapArray() : cells_(static_cast<std::size_t>(Hi) + 1) {}
+    HeapArray() { cells_.reserve(Capacity); }
+    HeapArray(const HeapArray& other) {
+        cells_.reserve(Capacity);
+        cells_ = other.cells_;
+    }
+    HeapArray& operator=(const HeapArray& other) {
+        cells_.reserve(Capacity);
+        cells_ = other.cells_;
+        return *this;
+    }
 
     T& operator()(int i) {
         if (i < 0 || i > Hi) throw SubscriptError();
-        return cells_[static_cast<std::size_t>(i)];
+        const auto cell = static_cast<std::size_t>(i);
+        if (cell >= cells_.size()) cells_.resize(cell + 1);
+        return cells_[cell];
     }
     const T& operator()(int i) const {
         if (i < 0 || i > Hi) throw SubscriptError();
-        return cells_[static_cast<std::size_t>(i)];
+        static const T empty{};
+        const auto cell = static_cast<std::size_t>(i);
+        return cell < cells_.size() ? cells_[cell] : empty;
     }
-    void Fill(const T& value) { std::fill(cells_.begin(), cells_.end(), value); }
+    // The highest index that may hold something other than the empty value; -1 if none.
+    int Top() const { return static_cast<int>(cells_.size()) - 1; }
+    void Fill(const T& value) {
+        if (IsEmptyValue(value))
+            cells_.clear();
+        else
+            cells_.assign(Capacity, value);
+    }
 
   private:
+    static constexpr std::size_t Capacity = static_cast<std::size_t>(Hi) + 1;
     std::vector<T> cells_;
 };
 

@@ -83,10 +83,8 @@ void Paper_KeyPress(Session& s, int /*index*/, int keyAscii) {
         // The restored row was built once before; should its rebuild still fail, no half-made
         // text is left for drawing or evaluation, and the row counts as unfinished.
         RestoreSnapshot(s, before);
-        for (int i = 0; i <= CellUpper; ++i) {
-            s.DisplayTokens(i, before.Slot).clear();
-            s.GraphableCells(i, before.Slot).clear();
-        }
+        s.DisplayTokens.FillColumn(before.Slot, "");
+        s.GraphableCells.FillColumn(before.Slot, "");
         s.SlotIncomplete(before.Slot) = true;
         EnableGraphCommands(s, CanGraph(s));
     }

@@ -131,8 +131,7 @@ void mnuClearData_Click(Session& s) {
     for (int i = 1; i <= 4; ++i)
         s.RowVisible(i) = false;
     for (int slot = 0; slot < UsableSlots; ++slot)
-        for (int i = 0; i <= CellUpper; ++i)
-            s.GraphableCells(i, slot).clear();
+        s.GraphableCells.FillColumn(slot, "");
     // The break list is its two arrays; BreakCount is left to the painter, which sets it to 0 at
     // the end of every paint.
     s.BreakX.Fill(0);

@@ -18,7 +18,7 @@ bool CanGraph(const Session& s) {
 
 std::string EntryText(const Session& s, int slot) {
     std::string out;
-    for (int i = 0; i <= CellUpper; ++i)
+    for (int i = 0; i <= s.Rows(slot).EntryTokens.Top(); ++i)
         out += s.EntryTokens(i, slot);
     return out;
 }
@@ -29,8 +29,7 @@ std::string EntryText(const Session& s) {
 
 void StoreDisplayText(Session& s, const std::string& text) {
     const int slot = s.ActiveSlot;
-    for (int i = 0; i <= CellUpper; ++i)
-        s.DisplayTokens(i, slot).clear();
+    s.DisplayTokens.FillColumn(slot, "");
     // At most 2000 characters, from cell 0.
     const int n = std::min(static_cast<int>(text.size()), CellUpper);
     for (int i = 0; i < n; ++i)
@@ -87,8 +86,7 @@ void ClearAllRows(Session& s) {
     s.BreakCount = 0;
     // The evaluator texts of the five rows.
     for (int slot = 0; slot < UsableSlots; ++slot)
-        for (int i = 0; i <= CellUpper; ++i)
-            s.GraphableCells(i, slot).clear();
+        s.GraphableCells.FillColumn(slot, "");
 }
 
 } // namespace vt

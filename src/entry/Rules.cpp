@@ -311,8 +311,7 @@ bool CheckKey(Session& s, const std::string& key) {
 void GroupTokens(Session& s) {
     const int slot = s.ActiveSlot;
     const int count = s.TokenCount(slot);
-    for (int i = 0; i <= CellUpper; ++i)
-        s.DisplayTokens(i, slot).clear();
+    s.DisplayTokens.FillColumn(slot, "");
     // The groups go straight into the emptied display cells from cell 1; cell 0 stays empty.
     // A group index past the last cell is a subscript error, as for any full list.
     auto group = [&](int g) -> std::string& { return s.DisplayTokens(g, slot); };

@@ -1,19 +1,25 @@
 #include "entry/TokenText.h"
 
+#include <array>
+#include <string_view>
+
 #include "base/NumberText.h"
 
 namespace vt {
+
+// Tokens are compared with literals as views: the length first, then the characters.
+using namespace std::string_view_literals;
 
 bool IsLetter(const std::string& s) {
     return (s >= "A" && s <= "Z") || (s >= "a" && s <= "z");
 }
 
 bool IsOperator(const std::string& s) {
-    return s == "-" || s == "+" || s == "*" || s == "/";
+    return s == "-"sv || s == "+"sv || s == "*"sv || s == "/"sv;
 }
 
 bool IsSign(const std::string& s) {
-    return s == "-" || s == "+";
+    return s == "-"sv || s == "+"sv;
 }
 
 bool IsNumberFraction(const std::string& s) {
@@ -25,11 +31,20 @@ bool IsNumberFraction(const std::string& s) {
 }
 
 bool IsNumeric(const std::string& s) {
+    // Most tokens are one character; their answers are worked out once.
+    static const std::array<bool, 256> single = [] {
+        std::array<bool, 256> table{};
+        for (int c = 0; c < 256; ++c)
+            table[static_cast<std::size_t>(c)] =
+                IsNumericText(std::string(1, static_cast<char>(c)));
+        return table;
+    }();
+    if (s.size() == 1) return single[static_cast<unsigned char>(s[0])];
     return IsNumericText(s);
 }
 
 bool IsTrigToken(const std::string& s) {
-    return s == "S" || s == "C" || s == "T";
+    return s == "S"sv || s == "C"sv || s == "T"sv;
 }
 
 } // namespace vt

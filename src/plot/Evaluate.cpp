@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/NumberText.h"
+#include "translate/Graphable.h"
 
 namespace vt {
 
@@ -46,9 +47,7 @@ EvalResult EvaluateAt(Session& s, double x, int slot) {
 
 void PreCalcFX(Session& s) {
     for (int slot = 0; slot < UsableSlots; ++slot) {
-        std::string text;
-        for (int i = 0; i <= CellUpper; ++i)
-            text += s.GraphableCells(i, slot);
+        std::string text = GraphableText(s, slot);
         // Implied products by x and the trigonometric names, in this order: "x(" is settled
         // before the digit rules, and the names are spelt out after the "*" went in front.
         ReplaceAll(text, "x(", "x*(");

@@ -1,9 +1,16 @@
 #include "translate/Graphable.h"
 
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
 #include "entry/Entry.h"
 #include "entry/TokenText.h"
 
 namespace vt {
+
+// Tokens are compared with literals as views: the length first, then the characters.
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -29,6 +36,8 @@ struct BuilderRun {
     BuilderRun(Session& session, int activeSlot) : s(session), slot(activeSlot) {}
 
     std::string& Cell(int k) { return s.BuildTokens(k); }
+    // A cell only read: reading leaves the grid's highest used cell where it is.
+    const std::string& Read(int k) const { return std::as_const(s.BuildTokens)(k); }
 
     bool FractionHere() const { return s.FractionOpen(slot) && fractionLevel == level; }
     bool ExponentHere() const { return s.ExponentOpen(slot) && exponentLevel == level; }
@@ -43,21 +52,22 @@ struct BuilderRun {
     // Which open groups a scan is to close; each closes once, at its marker nearest the token.
     struct Closing {
         bool fraction, root, exponent;
+        bool Any() const { return fraction || root || exponent; }
     };
 
     // Closes the group whose marker the cell holds, when the scan is to close it: its closer
     // joins closers, and the slot's flag for the group goes off. A fraction may be kept open.
     void CloseAtMarker(const std::string& cell, Closing& want, std::string& closers,
                        bool fractionMayClose = true) {
-        if (cell == "^" && want.exponent) {
+        if (cell == "^"sv && want.exponent) {
             closers += "^";
             s.ExponentOpen(slot) = false;
             want.exponent = false;
-        } else if (cell == "#" && want.fraction && fractionMayClose) {
+        } else if (cell == "#"sv && want.fraction && fractionMayClose) {
             closers += "#";
             s.FractionOpen(slot) = false;
             want.fraction = false;
-        } else if (cell == "~" && want.root) {
+        } else if (cell == "~"sv && want.root) {
             closers += "~";
             s.RootOpen(slot) = false;
             want.root = false;
@@ -71,10 +81,11 @@ struct BuilderRun {
         Closing want{closeFraction, closeRoot, closeExponent};
         bool allowed = true;
         std::string closers;
-        for (int k = i; k >= 1; --k) {
+        // Once every group asked for is closed the rest of the walk changes nothing.
+        for (int k = i; k >= 1 && want.Any(); --k) {
             const std::string& cell = Cell(k);
             if (allowed) CloseAtMarker(cell, want, closers);
-            if (cell == "|" && inBar) allowed = false;
+            if (cell == "|"sv && inBar) allowed = false;
         }
         for (int a = 1; a <= 3; ++a) {
             if (a > static_cast<int>(closers.size())) break;
@@ -94,9 +105,9 @@ struct BuilderRun {
     void CloseGroupsAtBar(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
         Closing want{closeFraction, closeRoot, closeExponent};
         std::string closers;
-        for (int k = i; k >= 1; --k) {
+        for (int k = i; k >= 1 && want.Any(); --k) {
             const std::string& cell = Cell(k);
-            if (cell == "|") break;
+            if (cell == "|"sv) break;
             CloseAtMarker(cell, want, closers);
         }
         Cell(s.BuildPos - 3) = closers;
@@ -109,13 +120,13 @@ struct BuilderRun {
     void CloseGroupsBeforeBar(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
         const std::string& before = Cell(i - 4);
         const std::string& before2 = Cell(i < 8 ? 0 : i - 8);
-        const bool keepOpen =
-            before == "^" || before == "~" || (before == "-" && (before2 == "^" || before2 == "~"));
+        const bool keepOpen = before == "^"sv || before == "~"sv ||
+                              (before == "-"sv && (before2 == "^"sv || before2 == "~"sv));
         std::string closers;
         if (!keepOpen) {
             Closing want{closeFraction, closeRoot, closeExponent};
-            for (int k = i; k >= 1; --k)
-                CloseAtMarker(Cell(k), want, closers, before != "/");
+            for (int k = i; k >= 1 && want.Any(); --k)
+                CloseAtMarker(Cell(k), want, closers, before != "/"sv);
         }
         Cell(s.BuildPos - 3) = closers;
         CopyToken(i);
@@ -126,24 +137,24 @@ struct BuilderRun {
         int depth = level;
         int offset = 3;
         for (int k = s.BuildPos; k >= 1; --k) {
-            const std::string cell = Cell(k);
-            if (cell == "^" && s.ExponentOpen(slot)) {
+            const std::string& cell = Cell(k);
+            if (cell == "^"sv && s.ExponentOpen(slot)) {
                 Cell(s.BuildPos - offset) = "^";
                 --offset;
                 s.ExponentOpen(slot) = false;
-            } else if (cell == "#" && s.FractionOpen(slot)) {
+            } else if (cell == "#"sv && s.FractionOpen(slot)) {
                 Cell(s.BuildPos - offset) = "#";
                 --offset;
                 fractionWasClosed = true;
                 s.FractionOpen(slot) = false;
-            } else if (cell == "~" && s.RootOpen(slot)) {
+            } else if (cell == "~"sv && s.RootOpen(slot)) {
                 Cell(s.BuildPos - offset) = "~";
                 --offset;
                 s.RootOpen(slot) = false;
             } else if (const bool moveEarlierClose =
-                           Cell(lastFractionClose) == "#" && fractionWasClosed;
+                           Cell(lastFractionClose) == "#"sv && fractionWasClosed;
                        moveEarlierClose ||
-                       (cell == "/" && !s.ExponentOpen(slot) && s.FractionOpen(slot))) {
+                       (cell == "/"sv && !s.ExponentOpen(slot) && s.FractionOpen(slot))) {
                 if (!moveEarlierClose) {
                     Cell(s.BuildPos - offset) = "#";
                     lastFractionClose = s.BuildPos - offset;
@@ -153,9 +164,9 @@ struct BuilderRun {
                     Cell(lastFractionClose) = "";
                     s.FractionOpen(slot) = true;
                 }
-            } else if (cell == ")") {
+            } else if (cell == ")"sv) {
                 ++depth;
-            } else if (cell == "(") {
+            } else if (cell == "("sv) {
                 if (depth == level) break;
                 --depth;
             }
@@ -165,7 +176,7 @@ struct BuilderRun {
     // A "/" makes the whole term since the last boundary the numerator; fraction markers inside
     // that term are dropped, so a/b/c is one group with two slashes.
     void Slash(int i, const std::string& prev) {
-        const bool guard = prev != "^" && prev != "~";
+        const bool guard = prev != "^"sv && prev != "~"sv;
         CloseGroups(i, FractionHere() && guard, RootHere() && guard, ExponentHere() && guard);
         const int p = s.TermStart(level, barDepth);
         if (!s.ExponentOpen(slot) && !s.FractionOpen(slot)) {
@@ -174,23 +185,23 @@ struct BuilderRun {
                 Cell(p + 1) = "#";
             } else {
                 fractionLevel = level;
-                if (Cell(p + 1) != "#" && Cell(p + 2) != "#" && Cell(p + 3) != "#")
+                if (Cell(p + 1) != "#"sv && Cell(p + 2) != "#"sv && Cell(p + 3) != "#"sv)
                     Cell(p + 1) = "#";
             }
             s.FractionOpen(slot) = true;
         }
         for (int k = s.BuildPos; k >= p + 4; --k)
-            if (Cell(k) == "#") Cell(k) = "";
+            if (Cell(k) == "#"sv) Cell(k) = "";
     }
 
     void ScanToken(int i) {
-        const std::string tok = s.BuildSource(i);
-        const std::string prev = s.BuildSource(i - 4);
-        const std::string prev2 = s.BuildSource(i < 8 ? 0 : i - 8);
-        const bool guard = prev != "^" && prev != "~";
-        const bool afterSignedCaret = prev == "-" && prev2 == "^";
+        const std::string& tok = s.BuildSource(i);
+        const std::string& prev = s.BuildSource(i - 4);
+        const std::string& prev2 = s.BuildSource(i < 8 ? 0 : i - 8);
+        const bool guard = prev != "^"sv && prev != "~"sv;
+        const bool afterSignedCaret = prev == "-"sv && prev2 == "^"sv;
 
-        if (tok == "^" || tok == "?") {
+        if (tok == "^"sv || tok == "?"sv) {
             Cell(s.BuildPos) = "^";
             s.BuildPos += 4;
             exponentLevel = level;
@@ -210,58 +221,58 @@ struct BuilderRun {
             } else {
                 Cell(s.BuildPos - 3) = "#";
             }
-        } else if (tok == "-") {
+        } else if (tok == "-"sv) {
             CloseGroups(i, FractionHere() && guard, RootHere() && guard, ExponentHere() && guard);
-            if (prev != "~" && !s.ExponentOpen(slot)) s.TermStart(level, barDepth) = i;
-        } else if (tok == "+" || tok == "=") {
+            if (prev != "~"sv && !s.ExponentOpen(slot)) s.TermStart(level, barDepth) = i;
+        } else if (tok == "+"sv || tok == "="sv) {
             CloseGroups(i, FractionHere(), RootHere(), ExponentHere());
             s.TermStart(level, barDepth) = i;
-        } else if (tok == "~") {
-            const bool keep = prev == "^" || prev == "/" || afterSignedCaret;
+        } else if (tok == "~"sv) {
+            const bool keep = prev == "^"sv || prev == "/"sv || afterSignedCaret;
             CloseGroups(i, FractionHere() && !keep, RootHere() && !keep, ExponentHere() && !keep);
             s.RootOpen(slot) = true;
             rootLevel = level;
-        } else if (tok == "(") {
-            if (IsTrigToken(prev) || prev == "/") {
+        } else if (tok == "("sv) {
+            if (IsTrigToken(prev) || prev == "/"sv) {
                 CopyToken(i);
             } else {
                 bool closeFraction = FractionHere() && guard;
                 bool closeRoot = RootHere() && guard;
                 bool closeExponent = ExponentHere() && guard;
-                if (prev == "-" && prev2 == "~") closeRoot = false;
+                if (prev == "-"sv && prev2 == "~"sv) closeRoot = false;
                 if (afterSignedCaret) closeFraction = closeRoot = closeExponent = false;
                 CloseGroups(i, closeFraction, closeRoot, closeExponent);
             }
             ++level;
             s.TermStart(level, barDepth) = i;
-        } else if (tok == ")") {
+        } else if (tok == ")"sv) {
             CloseAtParen();
             --level;
             CopyToken(i);
-        } else if (tok == "P") {
+        } else if (tok == "P"sv) {
             Cell(s.BuildPos) = "`";
             s.BuildPos += 4;
-        } else if (tok == "/") {
+        } else if (tok == "/"sv) {
             Slash(i, prev);
-        } else if (IsNumeric(tok) && tok != "1") {
+        } else if (IsNumeric(tok) && tok != "1"sv) {
             CopyToken(i);
-        } else if (tok == "#") {
+        } else if (tok == "#"sv) {
             CopyToken(i);
-        } else if (tok == "*") {
+        } else if (tok == "*"sv) {
             CloseGroups(i, FractionHere(), RootHere(), ExponentHere());
             s.TermStart(level, barDepth) = i;
-        } else if (tok == "[" || tok == "]") {
+        } else if (tok == "["sv || tok == "]"sv) {
             if (s.ExponentOpen(slot)) {
                 Cell(s.BuildPos - 2) = "^";
                 s.ExponentOpen(slot) = false;
             }
-            if (prev == "/" && tok == "[") bracketSeen = true;
+            if (prev == "/"sv && tok == "["sv) bracketSeen = true;
             if (s.FractionOpen(slot) && !bracketSeen) {
                 Cell(s.BuildPos - 2) = "#";
                 s.FractionOpen(slot) = false;
             }
             CopyToken(i);
-        } else if (tok == "|") {
+        } else if (tok == "|"sv) {
             const bool closeFraction = FractionHere();
             const bool closeRoot = RootHere();
             const bool closeExponent = ExponentHere();
@@ -286,7 +297,7 @@ struct BuilderRun {
         } else if (IsTrigToken(tok)) {
             // A function name ends a root whose digits it follows, and nothing else: an
             // exponent or fraction goes on over sin(...).
-            if (RootHere() && prev != "~" && !s.ExponentOpen(slot)) {
+            if (RootHere() && prev != "~"sv && !s.ExponentOpen(slot)) {
                 Cell(s.BuildPos - 2) = "~";
                 s.RootOpen(slot) = false;
             }
@@ -297,7 +308,8 @@ struct BuilderRun {
             bool closeFraction = FractionHere() && guard;
             bool closeRoot = RootHere() && guard;
             bool closeExponent = ExponentHere() && guard;
-            if (prev == "/" || afterSignedCaret) closeFraction = closeRoot = closeExponent = false;
+            if (prev == "/"sv || afterSignedCaret)
+                closeFraction = closeRoot = closeExponent = false;
             // Right after a number fraction the letter belongs to its denominator: 3/4x is three
             // over 4x, as the number fraction left its group open for the factors that follow.
             if (IsNumberFraction(prev)) closeFraction = false;
@@ -310,8 +322,8 @@ struct BuilderRun {
     void EndChecks() {
         const std::string last = Cell(s.BuildPos - 4);
         const bool looksFinished = !IsOperator(last) && level <= 0;
-        if (looksFinished && last != "," && last != "." && last != "^" &&
-            !(last == "~" && s.RootOpen(slot))) {
+        if (looksFinished && last != ","sv && last != "."sv && last != "^"sv &&
+            !(last == "~"sv && s.RootOpen(slot))) {
             s.SlotIncomplete(slot) = s.OpenBars(slot) >= 1;
         } else {
             s.SlotIncomplete(slot) = true;
@@ -328,14 +340,14 @@ struct BuilderRun {
         for (int k = s.BuildPos + 20; k >= 0; --k) {
             const std::string& cell = Cell(k);
             if (cell.empty()) continue;
-            if (cell == "#" && s.FractionOpen(slot)) {
+            if (cell == "#"sv && s.FractionOpen(slot)) {
                 closers += "#";
                 s.FractionOpen(slot) = false;
-            } else if (cell == "~" && s.RootOpen(slot)) {
+            } else if (cell == "~"sv && s.RootOpen(slot)) {
                 closers += "~";
                 s.RootOpen(slot) = false;
-            } else if (cell == "^" && s.ExponentOpen(slot)) {
-                closers += Cell(s.BuildPos - 4) == "^" ? "?^" : "^";
+            } else if (cell == "^"sv && s.ExponentOpen(slot)) {
+                closers += Cell(s.BuildPos - 4) == "^"sv ? "?^" : "^";
                 s.ExponentOpen(slot) = false;
             }
         }
@@ -349,8 +361,9 @@ struct BuilderRun {
     }
 
     // Turns the marked-up tokens into the evaluator text, a piece a cell, and writes the
-    // display cells on the way.
-    void TextStage() {
+    // display cells on the way. Returns the display text: the display cells 0..1000 joined.
+    std::string TextStage() {
+        std::string display;
         int o = 0;
         bool textBar = false, textFraction = false, textExponent = false;
         bool exponentHasParen = false, textRoot = false, rootHasParen = false, skipParen = false;
@@ -360,10 +373,12 @@ struct BuilderRun {
         };
         const int lastCell = s.BuildPos + 20;
         for (int i = 0; i <= lastCell; ++i) {
-            const std::string k = Cell(i);
+            const std::string& k = Read(i);
             if (k.empty()) continue;
             s.DisplayTokens(i, slot) = k;
-            const std::string prevPiece = s.GraphableCells(o == 0 ? 0 : o - 1, slot);
+            if (i <= 1000) display += k;
+            const std::string& prevPiece =
+                std::as_const(s.GraphableCells)(o == 0 ? 0 : o - 1, slot);
             const bool prevEndsInParen = !prevPiece.empty() && prevPiece.back() == ')';
 
             if (IsNumberFraction(k)) {
@@ -371,38 +386,38 @@ struct BuilderRun {
                 for (char c : k)
                     piece += c == '/' ? std::string(")/(") : std::string(1, c);
                 put(piece);
-            } else if (k == "|" && textBar) {
+            } else if (k == "|"sv && textBar) {
                 put(")");
                 textBar = false;
-            } else if (k == "|") {
+            } else if (k == "|"sv) {
                 if (o != 0 && (IsLetter(prevPiece) || IsNumeric(prevPiece) || prevEndsInParen))
                     put("*abs(");
                 else
                     put("abs(");
                 textBar = true;
-            } else if (k == "#") {
+            } else if (k == "#"sv) {
                 put(textFraction ? ")" : "(");
                 textFraction = !textFraction;
-            } else if (k == "~" && !textRoot) {
-                if (Cell(i + 4) == "(") {
+            } else if (k == "~"sv && !textRoot) {
+                if (Read(i + 4) == "("sv) {
                     put("(");
                     rootHasParen = true;
                 } else {
-                    put(o != 0 && prevPiece == ")" ? "*(" : "(");
+                    put(o != 0 && prevPiece == ")"sv ? "*(" : "(");
                     rootHasParen = false;
                 }
                 textRoot = true;
-            } else if (k == "~") {
+            } else if (k == "~"sv) {
                 put(rootHasParen ? "^.5)" : ")^(.5)");
                 textRoot = false;
-            } else if (k == "^" && !textExponent) {
-                exponentHasParen = Cell(i + 4) != "(";
+            } else if (k == "^"sv && !textExponent) {
+                exponentHasParen = Read(i + 4) != "("sv;
                 put(exponentHasParen ? "^(" : "^");
                 textExponent = true;
-            } else if (k == "^") {
+            } else if (k == "^"sv) {
                 if (exponentHasParen) put(")");
                 textExponent = false;
-            } else if (k == "`") {
+            } else if (k == "`"sv) {
                 // After a number the product with pi; elsewhere the bare constant, which has
                 // one digit fewer.
                 put(IsNumeric(prevPiece) ? "*3.14159265388" : "3.1415926538");
@@ -411,46 +426,48 @@ struct BuilderRun {
                                             prevPiece.find('(') == std::string::npos))) {
                 put("*");
                 put(k);
-            } else if (k == "/" && !textExponent) {
+            } else if (k == "/"sv && !textExponent) {
                 put(")/(");
-            } else if (k == "(" && Cell(i + 4) == "(") {
+            } else if (k == "("sv && Read(i + 4) == "("sv) {
                 // Of doubled parentheses one pair goes, as long as a ")" ")" pair follows.
                 bool pairAhead = false;
                 for (int j = i; j <= lastCell && !pairAhead; ++j)
-                    pairAhead = Cell(j) == ")" && Cell(j + 4) == ")";
+                    pairAhead = Read(j) == ")"sv && Read(j + 4) == ")"sv;
                 if (pairAhead)
                     skipParen = true;
                 else
                     put("(");
-            } else if (k == ")" && Cell(i + 4) == ")" && skipParen) {
+            } else if (k == ")"sv && Read(i + 4) == ")"sv && skipParen) {
                 skipParen = false;
-            } else if (prevPiece == ")" && IsLetter(k)) {
+            } else if (prevPiece == ")"sv && IsLetter(k)) {
                 put("*");
                 put(k);
             } else {
                 put(k);
             }
         }
+        return display;
     }
 
     // The pieces joined, a multiplication sign between two bracketed factors, and the text
-    // stored back a character a cell.
-    void FinalText() {
+    // stored back a character a cell. Returns that text.
+    std::string FinalText() {
         const std::string joined = GraphableText(s, slot);
         std::string text;
         for (std::size_t c = 0; c < joined.size(); ++c) {
             text += joined[c];
             if (joined[c] == ')' && c + 1 < joined.size() && joined[c + 1] == '(') text += '*';
         }
-        for (int c = 0; c <= CellUpper; ++c)
-            s.GraphableCells(c, slot) = "";
+        s.GraphableCells.FillColumn(slot, "");
         for (std::size_t c = 0; c < text.size(); ++c)
             s.GraphableCells(static_cast<int>(c), slot) = text.substr(c, 1);
+        return text;
     }
 };
 
-// The whole work of a run over the active row.
-void GraphablePass(Session& s) {
+} // namespace
+
+GraphableRow BuildGraphable(Session& s) {
     BuilderRun run(s, s.ActiveSlot);
     const int slot = run.slot;
 
@@ -478,37 +495,36 @@ void GraphablePass(Session& s) {
     run.EndChecks();
     run.CloseAtEnd();
 
-    for (int c = 0; c <= CellUpper; ++c) {
-        s.DisplayTokens(c, slot) = "";
-        s.GraphableCells(c, slot) = "";
-    }
-    run.TextStage();
-    run.FinalText();
+    s.DisplayTokens.FillColumn(slot, "");
+    s.GraphableCells.FillColumn(slot, "");
+    GraphableRow built;
+    built.Display = run.TextStage();
+    built.Evaluator = run.FinalText();
+    built.Incomplete = s.SlotIncomplete(slot);
 
     s.BuildTokens.Fill("");
     s.DisplayCount = s.BuildPos;
-}
-
-} // namespace
-
-GraphableRow BuildGraphable(Session& s) {
-    GraphablePass(s);
-    const int slot = s.ActiveSlot;
-    return {DisplayText(s, slot), GraphableText(s, slot), s.SlotIncomplete(slot)};
+    return built;
 }
 
 std::string GraphableText(const Session& s, int slot) {
     std::string out;
-    for (int i = 0; i <= CellUpper; ++i)
+    for (int i = 0; i <= s.GraphableCells.Top(slot); ++i)
         out += s.GraphableCells(i, slot);
     return out;
 }
 
 std::string DisplayText(const Session& s, int slot) {
     std::string out;
-    for (int i = 0; i <= 1000; ++i)
+    for (int i = 0; i <= std::min(s.DisplayTokens.Top(slot), 1000); ++i)
         out += s.DisplayTokens(i, slot);
     return out;
+}
+
+bool HasDisplayText(const Session& s, int slot) {
+    for (int i = 0; i <= std::min(s.DisplayTokens.Top(slot), 1000); ++i)
+        if (!s.DisplayTokens(i, slot).empty()) return true;
+    return false;
 }
 
 } // namespace vt

@@ -23,7 +23,8 @@ GraphableRow BuildGraphable(Session& s);
 
 // Cells 0..2000 of GraphableCells of the slot joined.
 std::string GraphableText(const Session& s, int slot);
-// Cells 0..1000 of DisplayTokens of the slot joined.
+// Cells 0..1000 of DisplayTokens of the slot joined, and whether that text has anything in it.
 std::string DisplayText(const Session& s, int slot);
+bool HasDisplayText(const Session& s, int slot);
 
 } // namespace vt
