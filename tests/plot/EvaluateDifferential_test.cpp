@@ -11,11 +11,10 @@
 #include <vector>
 
 #include "base/NumberText.h"
-#include "commands/KeyStroke.h"
-#include "entry/Entry.h"
 #include "plot/Evaluate.h"
+#include "plot/PlotTesting.h"
 
-namespace vt {
+namespace vt::test {
 
 namespace {
 
@@ -31,7 +30,7 @@ class RandomMaker {
     explicit RandomMaker(std::mt19937_64& rng) : rng_(rng) {}
 
   protected:
-    int Pick(int n) { return vt::Pick(rng_, n); }
+    int Pick(int n) { return test::Pick(rng_, n); }
     std::string Number() {
         static const char* numbers[] = {"2", "3.5", ".5", "12", "0", "1", "7", "0.25", "100"};
         return numbers[Pick(9)];
@@ -185,14 +184,6 @@ struct Tally {
     long cases = 0, numbers = 0, compiledFunctions = 0, functions = 0;
 };
 
-// What f gives on the reference route, the session's own evaluator then going back to compiling.
-template <class F> auto ByText(Session& s, F f) {
-    s.Evaluator.SetStrategy(EvalStrategy::Text);
-    const auto result = f();
-    s.Evaluator.SetStrategy(EvalStrategy::Compiled);
-    return result;
-}
-
 std::string Where(const Session& s, const char* how, double x) {
     return "\"" + s.ScriptText(0) + "\"" + (s.BracketNegativeX ? " bracketed" : "") + how +
            NumberText(x);
@@ -255,16 +246,9 @@ template <class Maker, class Enter> Tally Differential(unsigned seed, int functi
     return tally;
 }
 
-} // namespace
-
 TEST(EvaluateDifferential, BuilderShapedTextsAgreeByBothRoutes) {
-    const Tally tally =
-        Differential<TextMaker>(20240611, 12000, [](Session& s, const std::string& text) {
-            for (int i = 0; i <= CellUpper; ++i)
-                s.GraphableCells(i, 0).clear();
-            for (std::size_t i = 0; i < text.size() && i <= CellUpper; ++i)
-                s.GraphableCells(static_cast<int>(i), 0).assign(1, text[i]);
-        });
+    const Tally tally = Differential<TextMaker>(
+        20240611, 12000, [](Session& s, const std::string& text) { SetGraphable(s, 0, text); });
     EXPECT_GE(tally.cases, 96000);
 }
 
@@ -276,4 +260,5 @@ TEST(EvaluateDifferential, TypedFunctionsAgreeByBothRoutes) {
     });
 }
 
-} // namespace vt
+} // namespace
+} // namespace vt::test

@@ -93,6 +93,22 @@ struct PlotSession {
     View ViewNow() const { return {s.ViewXMin, s.ViewXMax, s.ViewYMin, s.ViewYMax}; }
 };
 
+// Writes an evaluator text into a row's cells, a character a cell, as the builder leaves it.
+inline void SetGraphable(Session& s, int slot, const std::string& text) {
+    for (int i = 0; i <= CellUpper; ++i)
+        s.GraphableCells(i, slot).clear();
+    for (std::size_t i = 0; i < text.size() && i <= CellUpper; ++i)
+        s.GraphableCells(static_cast<int>(i), slot).assign(1, text[i]);
+}
+
+// What f gives on the text route; the session's evaluator then goes back to compiling.
+template <class F> auto ByText(Session& s, F f) {
+    s.Evaluator.SetStrategy(EvalStrategy::Text);
+    const auto result = f();
+    s.Evaluator.SetStrategy(EvalStrategy::Compiled);
+    return result;
+}
+
 constexpr Colour Red = 0x0000FF;      // slot 0's swatch
 constexpr Colour Blue = 0xFF0000;     // slot 1's swatch
 constexpr Colour GridBlue = 16766596; // the default grid colour

@@ -41,31 +41,23 @@ struct RegressionSession : PlotSession {
 };
 
 TEST(PointSeries, InsertTakesNumericTextOnly) {
-    // {X text, Y text, outcome, stored point}
-    struct Case {
-        const char* x;
-        const char* y;
-        InsertOutcome outcome;
-        double storedX, storedY;
-    };
-    // x * y = 1E400 overflows in the fit's sums: counted, not stored, no message.
+    // {X text, Y text, outcome, stored point}: x * y = 1E400 overflows in the fit's sums:
+    // counted, not stored, no message.
     constexpr auto Added = InsertOutcome::Added, Refused = InsertOutcome::Refused;
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, InsertOutcome, double, double> cases[] = {
         {"1", "2", Added, 1, 2},     {"1e3", " -.5 ", Added, 1000, -0.5},
         {"1", "", Refused, 0, 0},    {"abc", "1", Refused, 0, 0},
         {"1,5", "1", Refused, 0, 0}, {"1E200", "1E200", InsertOutcome::Failed, 0, 0}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.x) + " , " + c.y);
+    for (const auto& [x, y, outcome, storedX, storedY] : cases) {
+        SCOPED_TRACE(std::string(x) + " , " + y);
         RegressionSession g;
-        EXPECT_EQ(g.Insert(c.x, c.y), c.outcome);
-        const bool refused = c.outcome == InsertOutcome::Refused;
+        EXPECT_EQ(g.Insert(x, y), outcome);
+        const bool refused = outcome == Refused;
         EXPECT_EQ(g.host.Messages(), refused ? Texts{"X and Y must be numbers."} : Texts{});
-        EXPECT_EQ(g.s.FitObject.XYCount(), refused ? 0 : 1);
-        EXPECT_EQ(g.s.Points(0).X, c.storedX);
-        EXPECT_EQ(g.s.Points(0).Y, c.storedY);
         // Only an added point redraws; the boxes keep their text either way.
-        EXPECT_EQ(g.box.Clears, c.outcome == InsertOutcome::Added ? 1 : 0);
-        EXPECT_EQ(g.s.Panel.Text2, c.x);
+        EXPECT_EQ(std::tuple(g.s.FitObject.XYCount(), g.s.Points(0).X, g.s.Points(0).Y,
+                             g.box.Clears, g.s.Panel.Text2),
+                  std::tuple(refused ? 0 : 1, storedX, storedY, outcome == Added, x));
     }
 }
 
@@ -203,48 +195,36 @@ TEST(RegressionOverlay, OutOfRangeValuesAreSkippedNotDrawn) {
 TEST(PointSeries, ModeSwitchShowsThePanelAndKeepsTheSeries) {
     PlotSession g;
     g.s.MenuEnabled["mnuShade"] = true;
+    // {Check1, panel, image and tip of button 14, graph tip, Insert Pi, button 12}
+    const auto mode = [&] {
+        return std::tuple(g.s.Check1, g.s.Panel.Visible, g.s.Toolbar1(14).Image,
+                          g.s.Toolbar1(14).Tip, g.s.GraphTip, g.s.MenuEnabled["mnuInsertPi"],
+                          g.s.Toolbar1(12).Enabled);
+    };
     EXPECT_EQ(mnuPtSeries_Click(g.s), -1);
-    EXPECT_EQ(g.s.Check1, 1);
-    EXPECT_TRUE(g.s.Panel.Visible);
+    EXPECT_EQ(mode(), std::tuple(1, true, "gra", "Graph Analysis", "Click on graph to enter point.",
+                                 false, false));
     EXPECT_TRUE(g.s.PtSeriesChecked);
-    EXPECT_EQ(g.s.Toolbar1(14).Image, "gra");
-    EXPECT_EQ(g.s.Toolbar1(14).Tip, "Graph Analysis");
-    EXPECT_EQ(g.s.GraphTip, "Click on graph to enter point.");
-    EXPECT_FALSE(g.s.MenuEnabled["mnuInsertPi"]);
     EXPECT_FALSE(g.s.MenuEnabled["mnuShade"]); // no complete function
-    for (int button : {9, 10, 12, 13})
+    for (int button : {9, 10, 13})
         EXPECT_FALSE(g.s.Toolbar1(button).Enabled);
-
     // A click enters a point rounded half to even and starts no drag; the right button enters
     // none and opens the menu.
     EXPECT_EQ(frmGraph_MouseDown(g.s, LeftButton, 0, 2.5f, -3.5f), GraphMouseAction::None);
     EXPECT_FALSE(g.s.Dragging);
     EXPECT_EQ(frmGraph_MouseDown(g.s, RightButton, 0, 1, 1), GraphMouseAction::ShowGraphWindowMenu);
-    EXPECT_EQ(g.s.FitObject.XYCount(), 1);
-    EXPECT_EQ(g.s.Points(0).X, 2);
-    EXPECT_EQ(g.s.Points(0).Y, -4);
+    EXPECT_EQ(std::tuple(g.s.FitObject.XYCount(), g.s.Points(0).X, g.s.Points(0).Y),
+              std::tuple(1, 2.0, -4.0));
     EXPECT_EQ(g.s.Panel.MSFlexGrid1[1], (PointTableRow{"2", "-4"}));
 
     g.s.ShownRows = 0;
     EXPECT_EQ(mnuPtSeries_Click(g.s), 0);
-    EXPECT_EQ(g.s.Check1, 0);
-    EXPECT_FALSE(g.s.Panel.Visible);
-    EXPECT_EQ(g.s.Toolbar1(14).Image, "regress");
-    EXPECT_EQ(g.s.Toolbar1(14).Tip, "Regression Analysis");
-    EXPECT_EQ(g.s.GraphTip, "Drag mouse to select display region.");
-    EXPECT_TRUE(g.s.MenuEnabled["mnuInsertPi"]);
-    EXPECT_TRUE(g.s.Toolbar1(12).Enabled);
+    EXPECT_EQ(mode(), std::tuple(0, false, "regress", "Regression Analysis",
+                                 "Drag mouse to select display region.", true, true));
     EXPECT_EQ(g.s.FitObject.XYCount(), 1);
-
     Command5_Click(g.s);
     EXPECT_EQ(g.s.RegressionEquation, "f(x) = - 4");
 }
-
-} // namespace
-} // namespace vt::test
-
-namespace vt::test {
-namespace {
 
 TEST(PointSeries, RegressionFunctionHandsTheTextToTheWindowOrSaysItIsMissing) {
     for (const bool hasWindow : {true, false}) {
