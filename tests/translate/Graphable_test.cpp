@@ -109,10 +109,10 @@ TEST(GraphableBuilder, ReportsUnfinishedRowsAndOpenGroups) {
         {"", 0, false, false, false}, {"2", 0, false, false, false}, {"x +", 0, true, false, false},
         {"x /", 0, true, false, false}, {"( x", 0, true, false, false},
         {"x ^", 0, true, false, true}, {"x ^ 2", 0, false, false, true},
-        {"x ^ 2 + 1", 0, false, false, false},
-        {"~", 0, true, true, false}, {"2 ~ x", 0, false, true, false},
-        {"~ ( x )", 0, false, true, false}, {"x .", 0, true, false, false},
-        {"| x", 1, true, false, false}, {"| x |", 0, false, false, false}};
+        {"x ^ 2 + 1", 0, false, false, false}, {"~", 0, true, true, false},
+        {"2 ~ x", 0, false, true, false}, {"~ ( x )", 0, false, true, false},
+        {"x .", 0, true, false, false}, {"| x", 1, true, false, false},
+        {"| x |", 0, false, false, false}};
     // clang-format on
     for (const auto& [tokens, openBars, incomplete, inRoot, inExponent] : cases) {
         SCOPED_TRACE(tokens);
