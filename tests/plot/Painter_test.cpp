@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <functional>
 
 #include "plot/Appearance.h"
+#include "plot/Evaluate.h"
 #include "plot/Painter.h"
 #include "plot/PlotTesting.h"
 #include "plot/PointSeries.h"
+#include "plot/Tracing.h"
 #include "plot/View.h"
 
 namespace vt::test {
@@ -39,35 +42,21 @@ TEST(Painter, GridAndAxesByTheViewsSize) {
     }
 }
 
-TEST(Painter, ShadingFollowsTheBracketingOfANegativeX) {
-    // x^2 left of the y axis lies below it with x spliced bare, above it in brackets.
-    for (const bool bracket : {false, true}) {
-        PlotSession g({"x^2"});
-        g.s.BracketNegativeX = bracket;
-        g.s.ShadeOn = true;
-        g.s.ShadeFrom = -3;
-        g.s.ShadeTo = -2;
-        RedrawGraph(g.s);
-        std::size_t above = 0, below = 0;
-        for (const auto& f : g.box.Fills)
-            (f[1] == 199 ? above : below) += 1;
-        EXPECT_EQ(above, bracket ? 19u : 0u) << bracket;
-        EXPECT_EQ(below, bracket ? 0u : 19u) << bracket;
-    }
-}
-
 TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
     // {keys, band, fills from just above and just below the x axis, walls at breaks}: x fills
     // at 2.05 .. 2.95; x/100 is too near the axis, |y| / 40 below 0.01; 1/x has none at 0 and
-    // three walls at the break the first pass found; a band out of view fills nothing.
+    // three walls at the break the first pass found; a band out of view fills nothing. x^2 left
+    // of the y axis lies below it with x spliced bare, above it in brackets.
     // clang-format off
-    const std::tuple<const char*, double, double, std::size_t, std::size_t, std::size_t> cases[] = {
-        {"x", 2, 3, 19, 0, 0}, {"x/100", 2, 3, 0, 0, 0}, {"1/x", -1, 1, 19, 19, 3},
-        {"x", -40, -30, 0, 0, 0}};
+    const std::tuple<const char*, double, double, std::size_t, std::size_t, std::size_t, bool>
+        cases[] = {{"x", 2, 3, 19, 0, 0, false}, {"x/100", 2, 3, 0, 0, 0, false},
+                   {"1/x", -1, 1, 19, 19, 3, false}, {"x", -40, -30, 0, 0, 0, false},
+                   {"x^2", -3, -2, 0, 19, 0, false}, {"x^2", -3, -2, 19, 0, 0, true}};
     // clang-format on
-    for (const auto& [keys, from, to, fillsAbove, fillsBelow, breakWalls] : cases) {
+    for (const auto& [keys, from, to, fillsAbove, fillsBelow, breakWalls, bracket] : cases) {
         SCOPED_TRACE(keys);
         PlotSession g({keys});
+        g.s.BracketNegativeX = bracket;
         g.s.ShadeOn = true;
         g.s.ShadeFrom = from;
         g.s.ShadeTo = to;
@@ -75,23 +64,20 @@ TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
         std::size_t above = 0, below = 0;
         for (const auto& f : g.box.Fills)
             (f[1] == 199 ? above : below) += 1;
-        EXPECT_EQ(above, fillsAbove);
-        EXPECT_EQ(below, fillsBelow);
+        EXPECT_EQ(std::tuple(above, below), std::tuple(fillsAbove, fillsBelow));
         for (const std::string& line : g.box.Log)
             if (line.rfind("FloodFill", 0) == 0) {
                 EXPECT_NE(line.find("surface=16777215 fill=14737632 style=0"), std::string::npos);
             }
-        EXPECT_EQ(g.box.StrokesIn(BreakMarkColour, 1).size(), breakWalls);
-        // The band's frame in the shade colour, erased in white.
-        EXPECT_EQ(g.box.StrokesIn(ShadeGrey, 1).size(), 4u);
-        EXPECT_EQ(g.box.StrokesIn(0xFFFFFF, 1).size(), 4u);
-        // Two passes: the numbers twice, and the list holds the second pass's items, whose keys
-        // go on from the first.
-        EXPECT_EQ(g.box.Prints.size(), 10u);
-        if (keys == std::string("x")) {
-            EXPECT_EQ(g.s.ListView1.front().Key, 41);
-        }
-        EXPECT_EQ(g.s.BreakCount, 0); // erased at the end
+        // The band's frame in the shade colour, erased in white. Two passes: the numbers twice,
+        // and the list holds the second pass's items, whose keys go on from the first. The
+        // break list erased at the end.
+        EXPECT_EQ(std::tuple(g.box.StrokesIn(BreakMarkColour, 1).size(),
+                             g.box.StrokesIn(ShadeGrey, 1).size(),
+                             g.box.StrokesIn(0xFFFFFF, 1).size(), g.box.Prints.size(),
+                             g.s.BreakCount),
+                  std::tuple(breakWalls, 4u, 4u, 10u, 0));
+        if (keys == std::string("x")) EXPECT_EQ(g.s.ListView1.front().Key, 41);
     }
 }
 
@@ -101,9 +87,8 @@ TEST(Painter, FirstPaintSetsDefaultsAndRegressionModeDrawsNoCurve) {
     int pointerDuringPaint = -1;
     g.box.OnCls = [&] { pointerDuringPaint = g.s.MousePointer; };
     RedrawGraph(g.s);
-    EXPECT_EQ(pointerDuringPaint, 11);
-    EXPECT_EQ(g.s.GridColor, "16766596");
-    EXPECT_EQ(g.s.CurveColor, "255");
+    EXPECT_EQ(std::tuple(pointerDuringPaint, g.s.GridColor, g.s.CurveColor),
+              std::tuple(11, "16766596", "255"));
     // A later paint keeps the colours; in regression mode it stops before the curves and
     // leaves the break list as it is.
     g.s.GridColor = "65280";
@@ -111,10 +96,9 @@ TEST(Painter, FirstPaintSetsDefaultsAndRegressionModeDrawsNoCurve) {
     g.s.BreakCount = 3;
     g.box.Strokes.clear();
     RedrawGraph(g.s);
-    EXPECT_EQ(g.box.StrokesIn(65280, 1).size(), 82u);
-    EXPECT_TRUE(g.box.StrokesIn(Red, 3).empty());
-    EXPECT_EQ(g.s.BreakCount, 3);
-    EXPECT_EQ(g.s.MousePointer, g.s.DefaultPointer);
+    EXPECT_EQ(std::tuple(g.box.StrokesIn(65280, 1).size(), g.box.StrokesIn(Red, 3).size(),
+                         g.s.BreakCount, g.s.MousePointer),
+              std::tuple(82u, 0u, 3, g.s.DefaultPointer));
 }
 
 TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
@@ -178,8 +162,7 @@ TEST(View, ApplyViewSetsScaleStepAndTheListsPlace) {
     ApplyView(g.s);
     g.SetView({3, 3, -1, 1});
     ApplyView(g.s);
-    EXPECT_EQ(g.box.ScaleWidth, 40);
-    EXPECT_EQ(g.box.ScaleLeft, 3);
+    EXPECT_EQ(std::tuple(g.box.ScaleWidth, g.box.ScaleLeft), std::tuple(40.0f, 3.0f));
 }
 
 TEST(View, DragSelectsAWholeNumberView) {
@@ -199,13 +182,12 @@ TEST(View, DragSelectsAWholeNumberView) {
         frmGraph_MouseMove(g.s, LeftButton, 0, x1, y1);
         // The old box again to erase it, then the new one, both exclusive-or.
         ASSERT_EQ(g.box.Strokes.size(), 2u);
-        EXPECT_TRUE(g.box.Strokes[1].Box && g.box.Strokes[1].Mode == DrawXorPen);
-        EXPECT_EQ(g.box.Strokes[1].X2, x1);
+        EXPECT_EQ(std::tuple(g.box.Strokes[1].Box, g.box.Strokes[1].Mode, g.box.Strokes[1].X2),
+                  std::tuple(true, DrawXorPen, x1));
         frmGraph_MouseUp(g.s, LeftButton, 0, x1, y1);
-        EXPECT_EQ(g.box.DrawMode, DrawCopyPen);
-        EXPECT_EQ(g.s.ViewDragged, end != start);
-        EXPECT_EQ(g.ViewNow(), end);
-        EXPECT_EQ(g.box.Clears, 1); // repainted either way
+        // Repainted either way.
+        EXPECT_EQ(std::tuple(g.box.DrawMode, g.s.ViewDragged, g.ViewNow(), g.box.Clears),
+                  std::tuple(DrawCopyPen, end != start, end, 1));
     }
 }
 
@@ -248,9 +230,9 @@ TEST(Appearance, ColourCommandsStartFromTheirColourAndTakeTheAnswer) {
             if (!cancelled) g.host.ColourAnswers.push_back(0x204060);
             command(g.s);
             ASSERT_EQ(g.host.Calls.size(), 1u);
-            EXPECT_EQ(static_cast<Colour>(g.host.Calls[0].Style), start);
-            EXPECT_EQ(result(g.s), cancelled ? start : 0x204060u);
-            EXPECT_EQ(g.box.Clears, 1);
+            EXPECT_EQ(
+                std::tuple(static_cast<Colour>(g.host.Calls[0].Style), result(g.s), g.box.Clears),
+                std::tuple(start, cancelled ? start : 0x204060u, 1));
         }
     }
 }
@@ -264,10 +246,9 @@ TEST(Appearance, DefaultColoursSetTheWholeTableButNotTheLineWidth) {
         g.s.Picture1(i) = 0x010101 * static_cast<Colour>(i + 1);
     g.s.Slider1 = 7;
     mnuGraphDefault_Click(g.s);
-    EXPECT_EQ(g.s.GridColor + " " + g.s.ShadeColor, "16766596 14737632");
-    EXPECT_EQ(g.s.GraphBackColor, 0xFFFFFFu);
-    EXPECT_EQ(g.s.Slider1, 7);
-    EXPECT_EQ(g.box.Clears, 1);
+    EXPECT_EQ(
+        std::tuple(g.s.GridColor, g.s.ShadeColor, g.s.GraphBackColor, g.s.Slider1, g.box.Clears),
+        std::tuple("16766596", "14737632", 0xFFFFFFu, 7, 1));
     // The swatches go back to the colours a new session starts with.
     const Session fresh;
     for (int i = 0; i <= 6; ++i)
@@ -290,8 +271,7 @@ TEST(Appearance, RedrawsGoToTheRegressionRedrawInRegressionMode) {
             const bool circled =
                 std::any_of(g.box.Log.begin(), g.box.Log.end(),
                             [](const auto& line) { return line.rfind("Circle 1,2", 0) == 0; });
-            EXPECT_EQ(circled, mode == 1);
-            EXPECT_EQ(g.box.Clears, 1);
+            EXPECT_EQ(std::tuple(circled, g.box.Clears), std::tuple(mode == 1, 1));
         }
     }
 }
@@ -306,9 +286,8 @@ TEST(Appearance, LineWidthRedrawsOnlyOnAChangeAndStaysInRange) {
         // The full redraw applies the view: a box scale left elsewhere comes back.
         g.box.ScaleLeft = 99;
         SetLineWidth(g.s, asked);
-        EXPECT_EQ(g.s.Slider1, width);
-        EXPECT_EQ(g.box.Clears, paints);
-        EXPECT_EQ(g.box.ScaleLeft, paints ? -20 : 99);
+        EXPECT_EQ(std::tuple(g.s.Slider1, g.box.Clears, g.box.ScaleLeft),
+                  std::tuple(width, paints, paints ? -20.0f : 99.0f));
     }
 }
 
@@ -318,8 +297,138 @@ TEST(RoundUp, AddsALittleToTheArgumentFirst) {
         {2.5, 0, 3}, {3.5, 0, 4}, {-2.5, 0, -2}, {0.125, 2, 0.13}, {7, 1, 7}};
     for (const auto& [value, digits, result] : cases) {
         double argument = value;
-        EXPECT_EQ(RoundUp(argument, digits), result) << value;
-        EXPECT_EQ(argument, value + 0.00001) << value;
+        EXPECT_EQ(std::tuple(RoundUp(argument, digits), argument),
+                  std::tuple(result, value + 0.00001))
+            << value;
+    }
+}
+
+using Stroke = PlotSurface::Stroke;
+using Segment = std::array<double, 4>;
+
+// Traces the rows as the paint does, without the painter around it, so that the break list is
+// still there afterwards.
+void Trace(PlotSession& g, PaintRun run = {}) {
+    PreCalcFX(g.s);
+    ApplyView(g.s);
+    g.box.ForeColor = Red;
+    TraceSlots(g.s, g.box, run);
+}
+
+bool HasStroke(const PlotSession& g, Segment l) {
+    for (const Stroke& k : g.box.StrokesIn(Red, 3))
+        if (std::fabs(k.X1 - l[0]) + std::fabs(k.Y1 - l[1]) + std::fabs(k.X2 - l[2]) +
+                std::fabs(k.Y2 - l[3]) <
+            1e-4)
+            return true;
+    return false;
+}
+
+TEST(Tracing, BreaksPolesAndGapsAtTheDefaultView) {
+    // What no curve segment may be like.
+    using Rule = std::function<bool(const Stroke&)>;
+    const auto spans = [](double x) {
+        return Rule(
+            [x](const Stroke& k) { return std::min(k.X1, k.X2) < x && std::max(k.X1, k.X2) > x; });
+    };
+    const Rule none = [](const Stroke&) { return false; };
+    const Rule leftOfZero = [](const Stroke& k) { return k.X1 < -1e-9; };
+    const Rule leap = [](const Stroke& k) { return k.Y1 > 5 && k.Y2 < -5; };
+    const Rule pastTheTop = [](const Stroke& k) { return k.X1 > 4.49; };
+    // {keys, breaks, the first break's x, segments that must be drawn, the rule}, row by row:
+    // 1/x goes down to the bottom at -0.05 on the left, and on the right up to the top one step
+    // after its first sample in view, the two not joined; a hole of two steps with no legs; no
+    // value left of 0, where only the last failing sample, next to a value, records a break;
+    // 300x sampled at x = 0, so the steep crossing is drawn and nothing breaks; twelve poles of
+    // the tangent in view, each leap from beyond 5 to beyond -5 dropped; leaving the top, the
+    // segment to the first sample outside is drawn, no later one.
+    // clang-format off
+    const std::tuple<const char*, int, double, std::vector<Segment>, Rule> cases[] = {
+        {"1/x", 1, 0, {{-0.05, -20, -0.05, -20}, {0.1, 10, 0.1, 20}, {0.05, 20, 0.1, 10}},
+         spans(0)},
+        {"(x^2-1)/(x-1)", 1, 1, {{0.9, 1.9, 0.95, 1.95}, {1.05, 2.05, 1.1, 2.1}}, spans(1)},
+        {"~x", 1, -0.05, {{0, 0, 0.05, std::sqrt(0.05)}}, leftOfZero},
+        {"300x", 0, 0, {{-0.05, -15, 0, 0}, {0, 0, 0.05, 15}}, none},
+        {"T(x)", 12, -17.25, {}, leap},
+        {"x^2", 0, 0, {{4.45, 19.8025, 4.5, 20.25}}, pastTheTop}};
+    // clang-format on
+    for (const auto& [keys, breaks, firstBreak, drawn, forbidden] : cases) {
+        SCOPED_TRACE(keys);
+        PlotSession g({keys});
+        Trace(g);
+        ASSERT_EQ(g.s.BreakCount, breaks);
+        if (breaks) EXPECT_NEAR(g.s.BreakX(0), firstBreak, 1e-9);
+        for (const auto& d : drawn)
+            EXPECT_TRUE(HasStroke(g, d)) << d[0] << "," << d[1];
+        for (const Stroke& k : g.box.StrokesIn(Red, 3))
+            EXPECT_FALSE(forbidden(k)) << k.X1 << "," << k.Y1 << "-" << k.X2 << "," << k.Y2;
+        EXPECT_TRUE(g.s.CurveDrawn);
+    }
+}
+
+TEST(Tracing, AnItemPastKey255FailsAndTheFailureRuleBreaksTheCurve) {
+    PlotSession g({"x"});
+    PaintRun start;
+    start.ListIndex = 250;
+    Trace(g, start);
+    // Whole x with y in view, in the row's colour: keys 250..255 for x = -20..-15; from x = -14
+    // on each item fails.
+    ASSERT_EQ(g.s.ListView1.size(), 6u);
+    const CoordinateItem& last = g.s.ListView1.back();
+    EXPECT_EQ(std::tuple(last.Key, last.Text, last.Colour), std::tuple(255, "x=-15  y=-15", Red));
+    // The failure inverts SampleFailed, so the next sample counts as one without a value: a
+    // break there, and the curve steps over it. The samples stop at x = 20, so the failure
+    // there has no next sample.
+    ASSERT_EQ(g.s.BreakCount, 34);
+    EXPECT_NEAR(g.s.BreakX(0), -13.95, 1e-9);
+    EXPECT_TRUE(HasStroke(g, {-14, -14, -13.9, -13.9}) && HasStroke(g, {-15.05, -15.05, -15, -15}));
+    EXPECT_FALSE(HasStroke(g, {-14.05, -14.05, -14, -14}));
+}
+
+TEST(Tracing, TextAndCompiledValuesPaintTheSamePicture) {
+    const std::vector<std::vector<std::string>> sets = {
+        {"2x^2+S(x)", "1/x", "(x^2-1)/(x-1)", "|x|+1", "~(x+20)*C(3Px)"},
+        {"T(x)", "~x", "1/(x-3)", "x^3/7-x"},
+    };
+    for (const auto& rows : sets) {
+        for (bool shade : {false, true}) {
+            std::vector<std::string> logs[2];
+            for (int path = 0; path < 2; ++path) {
+                PlotSession g(rows);
+                if (path == 1) g.s.Evaluator.SetStrategy(EvalStrategy::Text);
+                std::tie(g.s.ShadeOn, g.s.ShadeFrom, g.s.ShadeTo, g.s.ActiveSlot) =
+                    std::tuple(shade, -7.3, 12.1, 1);
+                RedrawGraph(g.s);
+                logs[path] = g.box.Log;
+                EXPECT_FALSE(g.box.StrokesIn(Blue, 3).empty()); // the second row's colour
+            }
+            EXPECT_GT(logs[0].size(), 1000u);
+            EXPECT_EQ(logs[0], logs[1]) << rows[0] << (shade ? " shaded" : "");
+        }
+    }
+}
+
+TEST(AutoGraph, DoublesTheViewUntilACurveShows) {
+    // {keys, view dragged, the view afterwards as -bound..bound, paints, message}. x + 1000
+    // shows from a half-width of 500: five doublings, each try painting twice. x - 1000000
+    // never does: fourteen tries, the last zoom refused; then Reset and one more redraw.
+    // clang-format off
+    const std::tuple<const char*, bool, double, int, bool> cases[] = {
+        {"x", false, 20, 1, false}, {"x+1000", false, 640, 10, false},
+        {"x-1000000", false, 20, 14 + 13 + 2, true}, {"x-1000000", true, 20, 0, false},
+        {"", false, 20, 0, false}};
+    // clang-format on
+    for (const auto& [keys, dragged, bound, paints, message] : cases) {
+        SCOPED_TRACE(keys);
+        PlotSession g({keys});
+        g.s.ViewDragged = dragged;
+        AutoGraph(g.s);
+        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears, g.host.Calls.size()),
+                  std::tuple(View{-bound, bound, -bound, bound}, paints, message ? 1u : 0u));
+        if (message && !g.host.Calls.empty())
+            EXPECT_EQ(std::tuple(g.host.Calls[0].Text, g.host.Calls[0].Style),
+                      std::tuple("The function could not be graphed within the maximum limits.",
+                                 MsgOkOnly));
     }
 }
 
