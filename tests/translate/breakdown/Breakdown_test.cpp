@@ -185,8 +185,8 @@ TEST(Breakdown, RelationAndTrim) {
     for (const auto& [tokens, relation] : cases) {
         ASSERT_EQ(SetBreakdownTokens(b, SplitBreakdownTokens(tokens)), BreakdownError::None);
         int at = -1;
-        EXPECT_EQ(std::tuple(FindRelation(b, at), at), std::tuple(BreakdownError::None, relation))
-            << tokens;
+        EXPECT_EQ(FindRelation(b, at), BreakdownError::None);
+        EXPECT_EQ(at, relation) << tokens;
     }
     b.BreakdownTokens(1) = "";
     b.BreakdownCount = 9;
