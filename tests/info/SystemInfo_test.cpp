@@ -25,8 +25,7 @@ struct FakeSystem : SystemLookups {
     std::optional<RegistryData> ReadRegistry(RegistryRoot, const std::string& key,
                                              const std::string& value, std::size_t) override {
         const auto found = values.find({key, value});
-        if (found == values.end()) return std::nullopt;
-        return found->second;
+        return found == values.end() ? std::nullopt : std::optional(found->second);
     }
     bool FileExists(const std::string& path) override {
         return std::find(files.begin(), files.end(), path) != files.end();
@@ -40,10 +39,7 @@ struct FakeSystem : SystemLookups {
 using Texts = std::vector<std::string>;
 
 std::string Bytes(std::initializer_list<int> bytes) {
-    std::string out;
-    for (int b : bytes)
-        out += static_cast<char>(b);
-    return out;
+    return {bytes.begin(), bytes.end()};
 }
 
 } // namespace

@@ -85,10 +85,7 @@ struct PlotSession {
     // Types a function into a row as a file load does.
     void Type(int slot, const std::string& keys) { ReplaySlotKeys(s, slot, keys); }
     void SetView(View v) {
-        s.ViewXMin = v[0];
-        s.ViewXMax = v[1];
-        s.ViewYMin = v[2];
-        s.ViewYMax = v[3];
+        std::tie(s.ViewXMin, s.ViewXMax, s.ViewYMin, s.ViewYMax) = std::tuple_cat(v);
     }
     View ViewNow() const { return {s.ViewXMin, s.ViewXMax, s.ViewYMin, s.ViewYMax}; }
 };
