@@ -245,18 +245,18 @@ TEST(EvalFX, CalculateFillsTheRowsThatHaveAValue) {
         EvalFXForm form;
         frmEvalFX_Load(g.s, form);
         // The slider shows only with more than the first row filled.
-        EXPECT_EQ(form.SliderVisible, *row1 != '\0');
-        EXPECT_EQ(form.PictureColour, Red);
+        EXPECT_EQ(std::tuple(form.SliderVisible, form.PictureColour),
+                  std::tuple(*row1 != '\0', Red));
         form.Text1 = x;
         frmEvalFX_Command1_Click(g.s, form);
-        EXPECT_EQ(Shown(form, 0), shown0);
-        EXPECT_EQ(Shown(form, 1), shown1);
-        for (std::size_t i = 2; i < 5; ++i)
-            EXPECT_EQ(Shown(form, i), "f(x) =|") << i;
         for (std::size_t i = 0; i < 5; ++i)
-            EXPECT_EQ(form.Label3Visible[i], !form.Label3[i].empty()) << i;
-        EXPECT_EQ(g.host.Messages(),
-                  message ? std::vector<std::string>{message} : std::vector<std::string>{});
+            EXPECT_EQ(std::tuple(Shown(form, i), form.Label3Visible[i]),
+                      std::tuple(i == 0   ? shown0
+                                 : i == 1 ? shown1
+                                          : "f(x) =|",
+                                 !form.Label3[i].empty()))
+                << i;
+        EXPECT_EQ(g.host.Messages(), message ? Texts{message} : Texts{});
     }
 }
 
