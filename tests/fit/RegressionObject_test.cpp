@@ -22,35 +22,31 @@ RegressionObject Fit(int degree, const Series& points) {
 }
 
 TEST(RegressionObject, FitsAndWritesTheEquation) {
-    // {what, degree, points, c0, c1, ... (the rest 0), the equation once a value was asked for,
-    // solved}
+    // {degree, points, c0, c1, ... (the rest 0), the equation once a value was asked for,
+    // solved}, row by row: no points; one point, working degree 0; a parabola, the leading 1
+    // dropped before x^; a negative slope keeps its sign; 1 before x dropped; 10x is no 1x; all
+    // coefficients zero; the same x three times, a zero pivot; the same x twice at degree 1,
+    // slope 0 and the mean of y; two points at order 5, a line; a tiny constant shown
+    // unrounded; rounded to ten decimals; a cubic through four points; least squares, not
+    // interpolation.
     // clang-format off
-    const std::tuple<const char*, int, Series, std::vector<double>, const char*, bool> cases[] = {
-        {"no points", 2, {}, {0, 0, 0}, "f(x) =", false},
-        {"one point: working degree 0", 2, {{2, 3}}, {3, 0, 0}, "f(x) =  3", true},
-        {"parabola, leading 1 dropped before x^", 2, {{0, 0}, {1, 1}, {2, 4}}, {0, 0, 1},
-         "f(x) =  x^2^", true},
-        {"negative slope keeps its sign", 1, {{0, 1}, {1, -1}}, {1, -2}, "f(x) = - 2x + 1", true},
-        {"1 before x dropped, 10 kept", 2, {{0, 0}, {1, 2}, {2, 6}}, {0, 1, 1},
-         "f(x) =  x^2^ + x", true},
-        {"10x is no 1x", 1, {{0, 0}, {1, 10}}, {0, 10}, "f(x) =  10x", true},
-        {"all coefficients zero", 2, {{0, 0}, {1, 0}, {2, 0}}, {0, 0, 0}, "f(x) = 0", true},
-        {"same x three times: zero pivot", 2, {{1, 1}, {1, 2}, {1, 3}}, {0, 0, 0}, "f(x) = 0",
-         false},
-        {"same x twice at degree 1: slope 0, mean of y", 1, {{2, 1}, {2, 5}}, {3, 0},
-         "f(x) =  3", true},
-        {"two points at order 5: a line", 5, {{0, 1}, {1, 3}}, {1, 2, 0, 0, 0, 0}, "f(x) =  2x + 1",
-         true},
-        {"tiny constant shown unrounded", 0, {{5, 1e-11}}, {1e-11}, "f(x) =  0.00000000001", true},
-        {"rounded to ten decimals", 0, {{5, -2.00000000004}}, {-2.00000000004}, "f(x) = - 2", true},
-        {"cubic through four points", 3, {{-1, -1}, {0, 0}, {1, 1}, {2, 8}}, {0, 0, 0, 1},
-         "f(x) =  x^3^", true},
-        {"least squares, not interpolation", 1, {{0, 0}, {1, 1}, {2, 1}}, {1.0 / 6, 0.5},
-         "f(x) =  0.5x + 0.1666666667", true},
-    };
+    const std::tuple<int, Series, std::vector<double>, const char*, bool> cases[] = {
+        {2, {}, {0, 0, 0}, "f(x) =", false}, {2, {{2, 3}}, {3, 0, 0}, "f(x) =  3", true},
+        {2, {{0, 0}, {1, 1}, {2, 4}}, {0, 0, 1}, "f(x) =  x^2^", true},
+        {1, {{0, 1}, {1, -1}}, {1, -2}, "f(x) = - 2x + 1", true},
+        {2, {{0, 0}, {1, 2}, {2, 6}}, {0, 1, 1}, "f(x) =  x^2^ + x", true},
+        {1, {{0, 0}, {1, 10}}, {0, 10}, "f(x) =  10x", true},
+        {2, {{0, 0}, {1, 0}, {2, 0}}, {0, 0, 0}, "f(x) = 0", true},
+        {2, {{1, 1}, {1, 2}, {1, 3}}, {0, 0, 0}, "f(x) = 0", false},
+        {1, {{2, 1}, {2, 5}}, {3, 0}, "f(x) =  3", true},
+        {5, {{0, 1}, {1, 3}}, {1, 2, 0, 0, 0, 0}, "f(x) =  2x + 1", true},
+        {0, {{5, 1e-11}}, {1e-11}, "f(x) =  0.00000000001", true},
+        {0, {{5, -2.00000000004}}, {-2.00000000004}, "f(x) = - 2", true},
+        {3, {{-1, -1}, {0, 0}, {1, 1}, {2, 8}}, {0, 0, 0, 1}, "f(x) =  x^3^", true},
+        {1, {{0, 0}, {1, 1}, {2, 1}}, {1.0 / 6, 0.5}, "f(x) =  0.5x + 0.1666666667", true}};
     // clang-format on
-    for (const auto& [what, degree, points, coefficients, equation, solved] : cases) {
-        SCOPED_TRACE(what);
+    for (const auto& [degree, points, coefficients, equation, solved] : cases) {
+        SCOPED_TRACE(equation);
         RegressionObject fit = Fit(degree, points);
         EXPECT_EQ(fit.XYCount(), static_cast<int>(points.size()));
         // The text reads the coefficients as they stand: before any value, none are solved.
@@ -116,19 +112,17 @@ TEST(RegressionObject, DegreeWriteChecksRangeAndEmpties) {
 }
 
 TEST(RegressionObject, OverflowReachesTheCallerWithSumsAsFarAsTheyGot) {
-    // {what, degree, x, y, fails, the fit of the one point at x = 0}
+    // {degree, x, y, fails, the fit of the one point at x = 0}: with x and y 1E200 at degree 1,
+    // y * x overflows in the first moment and the constant already holds y; at degree 2 x^2
+    // overflows, count and the first sums are in, the constant is y; at degree 0 nothing
+    // overflows. Then y infinite and x not a number.
     // clang-format off
-    const std::tuple<const char*, int, double, double, bool, double> cases[] = {
-        // y * x overflows in the first moment; the constant already holds y.
-        {"x and y 1E200 at degree 1", 1, 1e200, 1e200, true, 1e200},
-        // x^2 overflows; count and the first sums are in, the constant is y.
-        {"x 1E200 at degree 2", 2, 1e200, 1, true, 1},
-        {"x 1E200 at degree 0", 0, 1e200, 7, false, 7}, {"y infinite", 1, 1, INFINITY, true, 0},
-        {"x not a number", 2, NAN, 1, true, 1},
-    };
+    const std::tuple<int, double, double, bool, double> cases[] = {
+        {1, 1e200, 1e200, true, 1e200}, {2, 1e200, 1, true, 1}, {0, 1e200, 7, false, 7},
+        {1, 1, INFINITY, true, 0}, {2, NAN, 1, true, 1}};
     // clang-format on
-    for (const auto& [what, degree, x, y, fails, valueAt0] : cases) {
-        SCOPED_TRACE(what);
+    for (const auto& [degree, x, y, fails, valueAt0] : cases) {
+        SCOPED_TRACE(testing::Message() << degree << " " << x << " " << y);
         RegressionObject fit;
         ASSERT_FALSE(fit.SetDegree(degree));
         const std::optional<RegressionFailure> failure = fit.XYAdd(x, y);
