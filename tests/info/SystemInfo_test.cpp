@@ -115,8 +115,8 @@ TEST(HelpAndWeb, FindsTheBookAndOpensEachPage) {
         {{}, "/p/bin/help"}};
     for (const auto& [there, expected] : choices) {
         folders = there;
-        EXPECT_EQ(HelpFolder("/p/bin", exists), expected);
-        EXPECT_EQ(HelpFolder("/p/bin/", exists), expected);
+        EXPECT_EQ(std::tuple(HelpFolder("/p/bin", exists), HelpFolder("/p/bin/", exists)),
+                  std::tuple(expected, expected));
     }
 
     auto s = std::make_unique<Session>();
@@ -128,10 +128,9 @@ TEST(HelpAndWeb, FindsTheBookAndOpensEachPage) {
     HeadlessShell shell;
     shell.Messages = &platform;
     s->BindHost(&shell);
-    mnuHelpTopics_Click(*s);
-    mnuVeritrace_Click(*s);
-    OpenHomePage(*s);
-    mnuOnlineSupport_Click(*s);
+    for (auto command :
+         {mnuHelpTopics_Click, mnuVeritrace_Click, OpenHomePage, mnuOnlineSupport_Click})
+        command(*s);
     Texts calls;
     for (const auto& call : platform.Calls)
         calls.push_back(call.Kind + " " + call.Text);
