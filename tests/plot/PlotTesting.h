@@ -56,6 +56,13 @@ class PlotSurface : public RecordingSurface {
         Log.clear();
         Clears = 0;
     }
+    // The lines of the log that start with the given text.
+    std::size_t Logged(const std::string& start) const {
+        std::size_t n = 0;
+        for (const std::string& line : Log)
+            n += line.rfind(start, 0) == 0;
+        return n;
+    }
     std::vector<Stroke> StrokesIn(Colour colour, int width) const {
         std::vector<Stroke> out;
         for (const Stroke& stroke : Strokes)

@@ -32,12 +32,7 @@ struct RegressionSession : PlotSession {
             out.emplace_back(s.Points(i).X, s.Points(i).Y);
         return out;
     }
-    std::size_t Circles() const {
-        std::size_t n = 0;
-        for (const std::string& line : box.Log)
-            n += line.rfind("Circle", 0) == 0;
-        return n;
-    }
+    std::size_t Circles() const { return box.Logged("Circle"); }
 };
 
 TEST(PointSeries, InsertTakesNumericTextOnly) {
@@ -144,10 +139,7 @@ TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
     EXPECT_EQ(curve.front().X1, -20);
     // Circles of radius 0.2 in the points' colour, filled with it.
     EXPECT_EQ(g.Circles(), 4u);
-    const std::string circle = "Circle -2,4 r=0.2 color=16711680 fill=16711680";
-    EXPECT_EQ(std::count_if(g.box.Log.begin(), g.box.Log.end(),
-                            [&](const std::string& line) { return line.rfind(circle, 0) == 0; }),
-              1);
+    EXPECT_EQ(g.box.Logged("Circle -2,4 r=0.2 color=16711680 fill=16711680"), 1u);
     const std::vector<PointTableRow> table = {{"X", "Y"},  {"0", "0"},           {"1", "1"},
                                               {"-2", "4"}, {"0.5", "0.0000001"}, {"", ""}};
     EXPECT_EQ(g.s.Panel.MSFlexGrid1, table);
