@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "analysis/Area.h"
+#include "analysis/EvalFX.h"
 #include "base/NumberText.h"
 #include "plot/Painter.h"
 #include "plot/PlotTesting.h"
@@ -43,20 +44,18 @@ TEST(AreaSum, RectanglesAtFullWeightWithBothEnds) {
     // clang-format off
     const char* cases[][5] = {
         {"1", "0", "1", "0.1", "1.10"}, {"x", "-1", "1", "0.5", "0.00"},
-        {"2x", "3", "3", "0.5", "3.00"},
-        {"1", "0", "1", "-0.5", "-0.50"}, {"1", "0", "0.3", "0.1", "0.40"},
-        {"1", "0", "2.3", "0.1", "2.40"},
+        {"2x", "3", "3", "0.5", "3.00"}, {"1", "0", "1", "-0.5", "-0.50"},
+        {"1", "0", "0.3", "0.1", "0.40"}, {"1", "0", "2.3", "0.1", "2.40"},
         {"1", "0", "0.9", "0.1", "1.00"}, {"~x", "-1", "1", "0.5", "0.8536"},
-        {"1/x", "-1", "1", "1", "0.00"},
-        {"2.5", "0", "4", "1", "12.50"}, {"0.123456", "2", "2", "1", "0.1235"}};
+        {"1/x", "-1", "1", "1", "0.00"}, {"2.5", "0", "4", "1", "12.50"},
+        {"0.123456", "2", "2", "1", "0.1235"}};
     // clang-format on
     for (const auto& [keys, from, to, step, area] : cases) {
         SCOPED_TRACE(std::string(keys) + " from " + from + " to " + to + " by " + step);
         PlotSession g({keys});
         const AreaOutcome outcome = CalculateArea(g.s, from, to, step, 0);
-        EXPECT_EQ(outcome.Check, AreaCheck::Ok);
-        EXPECT_EQ(outcome.Text, area);
-        EXPECT_TRUE(g.host.Calls.empty());
+        EXPECT_EQ(std::tuple(outcome.Check, outcome.Text, g.host.Calls.size()),
+                  std::tuple(AreaCheck::Ok, area, 0u));
     }
 }
 
@@ -81,9 +80,7 @@ TEST(AreaSum, CompiledRouteGivesWhatTheTextRouteGives) {
         SCOPED_TRACE(keys);
         PlotSession g({"", keys});
         PreCalcFX(g.s);
-        g.s.Evaluator.SetStrategy(EvalStrategy::Text);
-        const double text = AreaSum(g.s, a, b, dx, 1);
-        g.s.Evaluator.SetStrategy(EvalStrategy::Compiled);
+        const double text = ByText(g.s, [&] { return AreaSum(g.s, a, b, dx, 1); });
         EXPECT_EQ(text, reference(g.s, a, b, dx));
         EXPECT_EQ(AreaSum(g.s, a, b, dx, 1), text); // bit for bit
         EXPECT_NE(text, 0.0);
@@ -107,8 +104,8 @@ TEST(AreaDialog, ChecksTheInputInOrder) {
         form.Text4 = "before";
         frmFillRange_Command3_Click(g.s, form);
         EXPECT_EQ(g.host.Messages(), message ? Texts{message} : Texts{});
-        EXPECT_EQ(form.Text4 == "before", message != nullptr);
-        EXPECT_EQ(g.s.MousePointer, g.s.DefaultPointer);
+        EXPECT_EQ(std::tuple(form.Text4 == "before", g.s.MousePointer),
+                  std::tuple(message != nullptr, g.s.DefaultPointer));
     }
 }
 
@@ -132,16 +129,13 @@ TEST(AreaDialog, LoadOffersTheViewOrTheLastBandAndShadingOnlyForOneRow) {
         EXPECT_EQ(FormTexts(form), range + "|0.1|");
         for (int i = 0; i <= 7; ++i)
             EXPECT_EQ(form.Option1[static_cast<std::size_t>(i)], i == graphStyle) << i;
-        EXPECT_EQ(form.ShapeFillColor, 4210752u);
-        // Shading only while one function stands in the first row.
-        EXPECT_EQ(std::tuple(form.SliderVisible, form.PictureWide, form.Command1Enabled),
-                  std::tuple(!oneRow, oneRow, oneRow));
-        EXPECT_EQ(form.SliderMax, oneRow ? 5 : 2);
-        EXPECT_EQ(form.Command1Tip, oneRow ? ShadeAreaTip : "");
-        EXPECT_EQ(g.s.ActiveSlot, 0);
-        EXPECT_EQ(form.PictureColour, Red);
-        // Centred on the main window.
-        EXPECT_EQ(std::tuple(form.Left, form.Top), std::tuple(100 + 380 - 160, 50 + 270 - 184));
+        // Shading only while one function stands in the first row; centred on the main window.
+        EXPECT_EQ(std::tuple(form.SliderVisible, form.PictureWide, form.Command1Enabled,
+                             form.SliderMax, form.Command1Tip),
+                  std::tuple(!oneRow, oneRow, oneRow, oneRow ? 5 : 2, oneRow ? ShadeAreaTip : ""));
+        EXPECT_EQ(std::tuple(form.ShapeFillColor, g.s.ActiveSlot, form.PictureColour, form.Left,
+                             form.Top),
+                  std::tuple(4210752u, 0, Red, 100 + 380 - 160, 50 + 270 - 184));
     }
     // The slider passes over an empty row; a filled row shows in its swatch's colour, also when
     // the slider is held at the maximum. {slider value, redrawn, the active row, the colour}
@@ -171,14 +165,17 @@ TEST(AreaDialog, ZoomButtonsHaveTheirOwnLimits) {
         FillRangeForm form = LoadedForm(g.s);
         Fill(form, "-2", "junk", "0.1", 5);
         (in ? frmFillRange_Command5_Click : frmFillRange_Command6_Click)(g.s, form);
-        EXPECT_EQ(g.s.ViewXMin, xMinAfter);
-        EXPECT_EQ(g.s.ViewYMax, xMinAfter == xMin ? 4 : in ? 2 : 8);
-        EXPECT_EQ(g.s.AreaAction, AreaZoom);
-        // The band as typed, unchecked: no number counts 0.
-        EXPECT_EQ(std::tuple(g.s.ShadeFrom, g.s.ShadeTo), std::tuple(-2.0, 0.0));
-        EXPECT_EQ(std::tuple(g.s.ShadeFillStyle, g.box.FillStyle), std::tuple(5, 5));
-        EXPECT_TRUE(form.Unloaded);
-        EXPECT_FALSE(g.s.ShadeOn); // the repaint and the shading are mnuShade_Click's
+        EXPECT_EQ(std::tuple(g.s.ViewXMin, g.s.ViewYMax, g.s.AreaAction),
+                  std::tuple(xMinAfter,
+                             xMinAfter == xMin ? 4
+                             : in              ? 2
+                                               : 8,
+                             AreaZoom));
+        // The band as typed, unchecked: no number counts 0. The repaint and the shading are
+        // mnuShade_Click's.
+        EXPECT_EQ(std::tuple(g.s.ShadeFrom, g.s.ShadeTo, g.s.ShadeFillStyle, g.box.FillStyle,
+                             form.Unloaded, g.s.ShadeOn),
+                  std::tuple(-2.0, 0.0, 5, 5, true, false));
     }
 }
 
@@ -216,20 +213,67 @@ TEST(AreaDialog, ReopensWhereItStoodAndClosingForGoodTakesTheShadingAway) {
     // Before Shade Area the step is the default and there is no result; after it, position,
     // result and step are as they were, the range from the band: (1 + 1.5 + 2) * 0.5.
     EXPECT_EQ(shown[1].Text3 + "|" + shown[1].Text4, "0.1|");
-    for (std::size_t i : {2u, 3u}) {
-        EXPECT_EQ(std::tuple(shown[i].Left, shown[i].Top), std::tuple(333, 222));
-        EXPECT_EQ(FormTexts(shown[i]), "1|2|0.5|2.25");
-        EXPECT_TRUE(shown[i].Option1[6]);
-    }
+    for (std::size_t i : {2u, 3u})
+        EXPECT_EQ(std::tuple(shown[i].Left, shown[i].Top, FormTexts(shown[i]), shown[i].Option1[6]),
+                  std::tuple(333, 222, "1|2|0.5|2.25", true));
     // A repaint before each return, and one after closing for good.
     for (std::size_t i = 1; i < paintsAtLoad.size(); ++i)
         EXPECT_GT(paintsAtLoad[i], paintsAtLoad[i - 1]);
     EXPECT_GT(g.box.Clears, paintsAtLoad.back());
-    EXPECT_EQ(g.s.ViewXMax, 20);
-    EXPECT_FALSE(g.s.ShadeOn);
-    EXPECT_EQ(g.s.AreaAction, AreaClosed);
     // The band stays for the next opening.
-    EXPECT_EQ(std::tuple(g.s.ShadeFrom, g.s.ShadeTo), std::tuple(1.0, 2.0));
+    EXPECT_EQ(std::tuple(g.s.ViewXMax, g.s.ShadeOn, g.s.AreaAction, g.s.ShadeFrom, g.s.ShadeTo),
+              std::tuple(20.0, false, AreaClosed, 1.0, 2.0));
+}
+
+// A row's two labels as "left|value".
+std::string Shown(const EvalFXForm& form, std::size_t row) {
+    return form.Label2[row] + "|" + form.Label3[row];
+}
+
+TEST(EvalFX, CalculateFillsTheRowsThatHaveAValue) {
+    // {rows 0 and 1, x as typed, rows 0 and 1 shown after Calculate, the message}. x is checked
+    // as a number, evaluated as one and shown as typed; no value shows "NA" without a message.
+    const char* cases[][6] = {{"2x+1", "", "2", "f(2) =|5", "f(x) =|", nullptr},
+                              {"2x+1", "", "1e2", "f(1e2) =|201", "f(x) =|", nullptr},
+                              {"1/x", "x", "0", "f(0) =|NA", "f(0) =|0", nullptr},
+                              {"x", "", " -.5 ", "f( -.5 ) =|-0.5", "f(x) =|", nullptr},
+                              {"2x+1", "", "", "f(x) =|", "f(x) =|", XNotNumberText},
+                              {"2x+1", "", "2a", "f(x) =|", "f(x) =|", XNotNumberText}};
+    for (const auto& [row0, row1, x, shown0, shown1, message] : cases) {
+        SCOPED_TRACE(testing::Message() << row0 << " at '" << x << "'");
+        PlotSession g({row0, row1});
+        EvalFXForm form;
+        frmEvalFX_Load(g.s, form);
+        // The slider shows only with more than the first row filled.
+        EXPECT_EQ(std::tuple(form.SliderVisible, form.PictureColour),
+                  std::tuple(*row1 != '\0', Red));
+        form.Text1 = x;
+        frmEvalFX_Command1_Click(g.s, form);
+        for (std::size_t i = 0; i < 5; ++i)
+            EXPECT_EQ(std::tuple(Shown(form, i), form.Label3Visible[i]),
+                      std::tuple(i == 0   ? shown0
+                                 : i == 1 ? shown1
+                                          : "f(x) =|",
+                                 !form.Label3[i].empty()))
+                << i;
+        EXPECT_EQ(g.host.Messages(), message ? Texts{message} : Texts{});
+    }
+}
+
+TEST(EvalFX, ARowThatLosesItsFunctionKeepsItsLabelAndShowsNoValue) {
+    PlotSession g({"x", "3"});
+    EvalFXForm form;
+    frmEvalFX_Load(g.s, form);
+    form.Text1 = "4";
+    frmEvalFX_Command1_Click(g.s, form);
+    ASSERT_EQ(form.Label3[1], "3");
+    for (int i = 0; i <= CellUpper; ++i)
+        g.s.GraphableCells(i, 1).clear();
+    form.Text1 = "5";
+    frmEvalFX_Command1_Click(g.s, form);
+    EXPECT_EQ(Shown(form, 0), "f(5) =|5");
+    EXPECT_EQ(Shown(form, 1), "f(4) =|");
+    EXPECT_TRUE(form.Label3Visible[1]);
 }
 
 } // namespace

@@ -44,30 +44,58 @@ double RandomDouble(std::mt19937_64& rng) {
     }
 }
 
+// Each input's text or value by the given form.
+template <class In, class Out, class F>
+void ExpectForms(F form, std::initializer_list<std::pair<In, Out>> cases) {
+    for (const auto& [in, out] : cases)
+        EXPECT_EQ(form(in), out) << in;
+}
+
 } // namespace
 
-TEST(NumberText, GeneralForm) {
+TEST(NumberText, TextForms) {
+    // NumberText is plain only while 15 decimals are enough; ties at the 15th digit go to even,
+    // 999999999999999.5 to 1E+15. The prefix reading gives 0 for a number past the largest
+    // Double ("1.79769313486232E+308").
     // clang-format off
-    const std::pair<double, const char*> cases[] = {
+    ExpectForms<double, const char*>(NumberText, {
         {0, "0"}, {-0.0, "0"}, {5, "5"}, {-5, "-5"}, {0.5, "0.5"}, {-0.05, "-0.05"},
         {1.0 / 3, "0.333333333333333"}, {2.0 / 3, "0.666666666666667"}, {0.1 + 0.2, "0.3"},
         {0.0001, "0.0001"}, {0.000123, "0.000123"}, {0.00001, "0.00001"}, {1e-7, "0.0000001"},
-        // plain only while 15 decimals are enough
         {0.000123456789012345678, "1.23456789012346E-04"}, {1.0 / 70, "1.42857142857143E-02"},
         {0.0998334166468282, "9.98334166468282E-02"}, {1e-15, "0.000000000000001"},
         {-1.5e-15, "-1.5E-15"}, {1e-16, "1E-16"}, {0.123456789012345, "0.123456789012345"},
-        {-1.5e-20, "-1.5E-20"}, {1.5e20, "1.5E+20"}, {1e100, "1E+100"},
-        {1e-100, "1E-100"}, {123456789012345.0, "123456789012345"},
-        {999999999999999.4, "999999999999999"}, {999999999999999.5, "1E+15"}, // a tie, to even
-        {1e15, "1E+15"}, {123456789012345678.0, "1.23456789012346E+17"},
-        {12345678901234.25, "12345678901234.2"}, // exact ties at the 15th digit go to even
+        {-1.5e-20, "-1.5E-20"}, {1.5e20, "1.5E+20"}, {1e100, "1E+100"}, {1e-100, "1E-100"},
+        {123456789012345.0, "123456789012345"}, {999999999999999.4, "999999999999999"},
+        {999999999999999.5, "1E+15"}, {1e15, "1E+15"},
+        {123456789012345678.0, "1.23456789012346E+17"}, {12345678901234.25, "12345678901234.2"},
         {12345678901234.75, "12345678901234.8"}, {20, "20"}, {-163840, "-163840"},
         {std::numeric_limits<double>::infinity(), "INF"},
-        {-std::numeric_limits<double>::infinity(), "-INF"}, {std::nan(""), "NAN"}
-    };
+        {-std::numeric_limits<double>::infinity(), "-INF"}, {std::nan(""), "NAN"}});
+    ExpectForms<const char*, double>(PrefixNumber, {
+        {"12abc", 12}, {"  -3.5e2x", -350}, {"\t7", 7}, {"1e", 1}, {"1e+", 1}, {"1E-07", 1e-07},
+        {"1e3", 1000}, {".5", 0.5}, {"5.", 5}, {"-.5", -0.5}, {"+5", 5}, {"1.5.3", 1.5}, {"1,5", 1},
+        {"NA", 0}, {"", 0}, {".", 0}, {"-", 0}, {"- 5", 0}, {"&H10", 0}, {"x3", 0}, {"1E400", 0},
+        {"-1E400", 0}, {"1E-400", 0}, {"1.79769313486232E+308", 0},
+        {"4.94065645841247E-324", 4.94065645841247e-324}, {"0.1", 0.1}, {"1D2", 100},
+        {"-2.5d-1", -0.25}, {"1D", 1}, {"1Dx", 1}, {"D2", 0}});
+    ExpectForms<const char*, bool>(IsNumericText, {
+        {" -.5 ", true}, {"1e2", true}, {"5.", true}, {"+0", true}, {"\t12\t", true},
+        {"1E-07", true}, {"1E-400", true}, {"", false}, {" ", false}, {".", false}, {"-", false},
+        {"1e", false}, {"1,5", false}, {"1,5x", false}, {"&H10", false}, {"- 5", false},
+        {"1E400", false}, {"1 2", false}, {"NA", false}, {"5x", false}, {"1.5.3", false},
+        {"e5", false}, {"1D2", true}, {"1d+2", true}, {"1D", false}, {"D2", false}, {"1D400", false}});
+    ExpectForms<double, const char*>(FormatArea, {
+        {12.5, "12.50"}, {0.123456, "0.1235"}, {0, "0.00"}, {-0.0, "0.00"}, {1.1, "1.10"},
+        {1.2345, "1.2345"}, {1.23451, "1.2345"}, {0.00005, "0.0001"}, {0.00004999, "0.00"},
+        {-0.00001, "-0.00"}, {-12.34567, "-12.3457"}, {0.99995, "1.00"}, {9.99996, "10.00"},
+        {1.5e20, "150000000000000000000.00"}, {1e-7, "0.00"}, {2.675, "2.675"}, {0.125, "0.125"},
+        {-0.00015, "-0.0002"}});
+    ExpectForms<double, const char*>(PrintedNumber, {
+        {5, " 5 "}, {-5, "-5 "}, {0, " 0 "}, {-0.0, " 0 "}, {0.5, " 0.5 "}, {-20, "-20 "},
+        {1e-7, " 0.0000001 "}, {-1e-16, "-1E-16 "}});
     // clang-format on
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(NumberText(value), text) << text;
+    EXPECT_FALSE(std::signbit(PrefixNumber("-0")));
 }
 
 TEST(NumberText, AgreesWithTheFormatsOfTheCLibrary) {
@@ -96,11 +124,11 @@ TEST(NumberText, AgreesWithTheFormatsOfTheCLibrary) {
 
 TEST(NumberText, ReadBackWithoutTextIsTheTextRoundTrip) {
     std::mt19937_64 rng(11);
+    // The last four: the ends of the quick route's table.
     // clang-format off
     const double edges[] = {
         1e14, 1e15, 1e-8, 9.99999999999999e-9, 1e36, 1e37, 99999999999999.95, 999999999999999.5,
         0.025, 1e-310, 4.9e-324, std::numeric_limits<double>::max(), 1.79769313486231e308,
-        // the ends of the quick route's table
         std::ldexp(1.5, -27), std::ldexp(1.5, -26), std::ldexp(1.5, 46), std::ldexp(1.5, 49)};
     // clang-format on
     for (double v : edges) {
@@ -114,46 +142,14 @@ TEST(NumberText, ReadBackWithoutTextIsTheTextRoundTrip) {
     }
 }
 
-TEST(NumberText, PrefixParser) {
-    // clang-format off
-    const std::pair<const char*, double> cases[] = {
-        {"12abc", 12}, {"  -3.5e2x", -350}, {"\t7", 7}, {"1e", 1}, {"1e+", 1}, {"1E-07", 1e-07},
-        {"1e3", 1000}, {".5", 0.5}, {"5.", 5}, {"-.5", -0.5}, {"+5", 5}, {"1.5.3", 1.5},
-        {"1,5", 1}, {"NA", 0}, {"", 0}, {".", 0}, {"-", 0}, {"- 5", 0}, {"&H10", 0}, {"x3", 0},
-        {"1E400", 0}, {"-1E400", 0}, {"1E-400", 0},
-        {"1.79769313486232E+308", 0}, // just past the largest Double
-        {"4.94065645841247E-324", 4.94065645841247e-324}, {"0.1", 0.1},
-        {"1D2", 100}, {"-2.5d-1", -0.25}, {"1D", 1}, {"1Dx", 1}, {"D2", 0}
-    };
-    // clang-format on
-    for (const auto& [text, value] : cases)
-        EXPECT_EQ(PrefixNumber(text), value) << text;
-    EXPECT_FALSE(std::signbit(PrefixNumber("-0")));
-}
-
-TEST(NumberText, NumericTest) {
-    // clang-format off
-    const std::pair<const char*, bool> cases[] = {
-        {" -.5 ", true},  {"1e2", true},    {"5.", true},   {"+0", true},    {"\t12\t", true},
-        {"1E-07", true},  {"1E-400", true}, {"", false},    {" ", false},    {".", false},
-        {"-", false},     {"1e", false},    {"1,5", false}, {"1,5x", false}, {"&H10", false},
-        {"- 5", false},   {"1E400", false}, {"1 2", false}, {"NA", false},   {"5x", false},
-        {"1.5.3", false}, {"e5", false},  {"1D2", true},    {"1d+2", true}, {"1D", false},
-        {"D2", false},    {"1D400", false}
-    };
-    // clang-format on
-    for (const auto& [text, numeric] : cases)
-        EXPECT_EQ(IsNumericText(text), numeric) << '"' << text << '"';
-}
-
 TEST(NumberText, RoundHalfEven) {
+    // From 0.025 on: stored just above and just below the half, though the scaled product lands
+    // on it.
     // clang-format off
     const std::tuple<double, int, double> cases[] = {
         {2.5, 0, 2}, {3.5, 0, 4}, {-2.5, 0, -2}, {0.125, 2, 0.12}, {0.375, 2, 0.38},
-        {2.675, 2, 2.67}, {1.005, 2, 1}, {1234.5678, 1, 1234.6},
-        // Stored just above and just below the half, though the scaled product lands on it.
-        {0.025, 2, 0.03}, {0.015, 2, 0.01}, {1.115, 2, 1.11}, {-0.025, 2, -0.03},
-        {-20.045, 2, -20.05}, {7.4, -1, 7}, {1e300, 2, 1e300},
+        {2.675, 2, 2.67}, {1.005, 2, 1}, {1234.5678, 1, 1234.6}, {0.025, 2, 0.03}, {0.015, 2, 0.01},
+        {1.115, 2, 1.11}, {-0.025, 2, -0.03}, {-20.045, 2, -20.05}, {7.4, -1, 7}, {1e300, 2, 1e300},
         {4503599627370497.0, 0, 4503599627370497.0}
     };
     // clang-format on
@@ -175,27 +171,6 @@ TEST(NumberText, RoundHalfEvenAgreesWithTheExactDecimalRounding) {
         if (expected == 0) expected = 0; // no minus zero
         ASSERT_EQ(Bits(RoundHalfEven(v, digits)), Bits(expected)) << buf << " from " << v;
     }
-}
-
-TEST(NumberText, AreaFormat) {
-    // clang-format off
-    const std::pair<double, const char*> cases[] = {
-        {12.5, "12.50"}, {0.123456, "0.1235"}, {0, "0.00"}, {-0.0, "0.00"}, {1.1, "1.10"},
-        {1.2345, "1.2345"}, {1.23451, "1.2345"}, {0.00005, "0.0001"}, {0.00004999, "0.00"},
-        {-0.00001, "-0.00"}, {-12.34567, "-12.3457"}, {0.99995, "1.00"}, {9.99996, "10.00"},
-        {1.5e20, "150000000000000000000.00"}, {1e-7, "0.00"}, {2.675, "2.675"}, {0.125, "0.125"},
-        {-0.00015, "-0.0002"}};
-    // clang-format on
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(FormatArea(value), text) << value;
-}
-
-TEST(NumberText, PrintedNumber) {
-    const std::pair<double, const char*> cases[] = {
-        {5, " 5 "},    {-5, "-5 "},           {0, " 0 "},         {-0.0, " 0 "}, {0.5, " 0.5 "},
-        {-20, "-20 "}, {1e-7, " 0.0000001 "}, {-1e-16, "-1E-16 "}};
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(PrintedNumber(value), text) << value;
 }
 
 } // namespace vt

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Shell.h"
+#include "session/Session.h"
 #include "support/RecordingSurface.h"
 #include "support/ScriptedPlatform.h"
 
@@ -18,8 +19,7 @@ TEST(HeadlessShell, AnswersEveryMessageAsDismissed) {
     for (const auto& [style, answer] : cases)
         EXPECT_EQ(host.Dialogs().MsgBox("?", style, ""), answer) << style;
     EXPECT_EQ(host.Dialogs().ChooseColour(0x123456), 0x123456u);
-    EXPECT_FALSE(host.Dialogs().ChoosePrinter());
-    EXPECT_FALSE(host.Dialogs().OpenFileName({}));
+    EXPECT_FALSE(host.Dialogs().ChoosePrinter() || host.Dialogs().OpenFileName({}));
 }
 
 TEST(HeadlessShell, LendsOnlyWhatWasLentAndRunsNoWindow) {
@@ -33,13 +33,24 @@ TEST(HeadlessShell, LendsOnlyWhatWasLentAndRunsNoWindow) {
     // Rows outside 0..4 have no surface rather than an error.
     for (int index : {-1, 0, 3, 5, 10})
         EXPECT_EQ(host.RowSurface(index), nullptr) << index;
-    EXPECT_EQ(host.RowSurface(4), &row);
-    EXPECT_EQ(host.GraphBox(), nullptr);
-    EXPECT_FALSE(host.FocusRow(0));
-    EXPECT_FALSE(host.RunCommand(HostCommand::Evaluate, 0));
+    EXPECT_EQ(std::tuple(host.RowSurface(4), host.GraphBox(), host.FocusRow(0),
+                         host.RunCommand(HostCommand::Evaluate, 0)),
+              std::tuple(&row, nullptr, false, false));
     // A session nobody bound uses a headless host that lends nothing.
     EXPECT_EQ(UnboundShell().GraphBox(), nullptr);
     EXPECT_EQ(UnboundShell().Dialogs().MsgBox("?", MsgYesNo, ""), MsgResultNo);
+}
+
+TEST(CheckedArrays, BoundsAreThoseDeclared) {
+    Session s;
+    // Per-slot arrays reach 0..10; an index of 5 to 10 is an empty slot, 11 is an error.
+    // ScriptText has five entries only.
+    EXPECT_EQ(std::tuple(s.TokenCount(5), s.EntryTokens(2000, 10), s.ScriptText(4)),
+              std::tuple(0, "", ""));
+    EXPECT_THROW(s.TokenCount(11), SubscriptError);
+    EXPECT_THROW(s.EntryTokens(2001, 0), SubscriptError);
+    EXPECT_THROW(s.EntryTokens(0, -1), SubscriptError);
+    EXPECT_THROW(s.ScriptText(5), SubscriptError);
 }
 
 } // namespace

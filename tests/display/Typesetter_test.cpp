@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 #include "display/Papers.h"
+#include "display/RegressionWindow.h"
 #include "display/Typesetter.h"
 #include "plot/PlotTesting.h"
 
-namespace vt {
+namespace vt::test {
 namespace {
-
-using test::RecordingSurface;
 
 // A row-sized recording surface, 289 by 41 pixels in a pixel scale, in OrlentisFont 12. With
 // the recording surface's metrics a character is 8 pixels wide at size 12 and 16/3 at size 8.
@@ -99,8 +100,7 @@ TEST(Typesetter, ExponentIsSizeEightWhateverTheRow) {
     auto row = SurfaceFor(Screen);
     row.FontSize = 20;
     Typeset(s, row, "x^2^y");
-    EXPECT_EQ(row.Prints.at(2).FontSize, 8);
-    EXPECT_EQ(row.Prints.at(3).FontSize, 20);
+    EXPECT_EQ(std::tuple(row.Prints.at(2).FontSize, row.Prints.at(3).FontSize), std::tuple(8, 20));
 }
 
 TEST(Typesetter, EndsLinesAndPagesByTheRulesOfItsSurface) {
@@ -164,21 +164,21 @@ TEST(Typesetter, FailureStopsTheTextShowsTheMessageAndResetsTheFontSize) {
     // clang-format on
     for (const auto& [target, text, fails] : cases) {
         SCOPED_TRACE(text.size());
-        test::PlotSession g;
-        Session& s = g.s;
-        const test::ScriptedPlatform& platform = g.host;
+        PlotSession g;
         auto out = SurfaceFor(target);
         out.FontSize = 10;
-        Typeset(s, out, text, target, false, true, "green");
-        EXPECT_EQ(platform.Messages(), fails ? std::vector<std::string>{DisplayFailureText}
-                                             : std::vector<std::string>{});
-        EXPECT_EQ(out.FontSize, fails ? 12 : 10);
-        EXPECT_EQ(!out.Prints.empty() && out.Prints.back().Text == " ", !fails);
-        EXPECT_EQ(out.ForeColor, text[0] == '[' ? 255u : target == Regression ? 0xFF0000 : 0);
+        Typeset(g.s, out, text, target, false, true, "green");
+        EXPECT_EQ(g.host.Messages(), fails ? Texts{DisplayFailureText} : Texts{});
+        EXPECT_EQ(std::tuple(out.FontSize, !out.Prints.empty() && out.Prints.back().Text == " ",
+                             out.ForeColor),
+                  std::tuple(fails ? 12 : 10, !fails,
+                             text[0] == '['         ? 255u
+                             : target == Regression ? 0xFF0000
+                                                    : 0));
     }
     Session s; // without a window nobody is told, and the drawing stops all the same
     auto row = SurfaceFor(Screen);
-    EXPECT_EQ(Typeset(s, row, "^2"), std::vector<std::string>{"  @0,0"});
+    EXPECT_EQ(Typeset(s, row, "^2"), Texts{"  @0,0"});
 }
 
 TEST(Typesetter, LeavesCaretValuesWhereTheSurfaceWritesThem) {
@@ -210,9 +210,9 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
     const std::tuple<std::vector<int>, int, int, int> cases[] = {
         {{}, 3, 3, -1}, {{0, 2}, 0, 2, -1}, {{0, 1}, 3, 1, -1}, {{1, 4}, 1, 4, 3}};
     for (const auto& [filledRows, lastFilledBefore, lastFilledAfter, failingRow] : cases) {
-        test::PlotSession g;
+        PlotSession g;
         Session& s = g.s;
-        std::vector<test::RecordingSurface> rows(UsableSlots, MakeRow());
+        std::vector<RecordingSurface> rows(UsableSlots, MakeRow());
         for (int i = 0; i < UsableSlots; ++i) {
             rows[i].CurrentX = 100; // where the last paint left the pen
             g.shell.Papers[i] = &rows[i];
@@ -225,18 +225,14 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
 
         RedrawPapers(s);
 
-        EXPECT_EQ(s.ActiveSlot, 2);
-        EXPECT_EQ(s.LastFilledSlot, lastFilledAfter);
-        EXPECT_EQ(g.host.Messages().size(), failingRow >= 0 ? 1u : 0u);
+        EXPECT_EQ(std::tuple(s.ActiveSlot, s.LastFilledSlot, g.host.Messages().size()),
+                  std::tuple(2, lastFilledAfter, failingRow >= 0 ? 1u : 0u));
         for (int i = 0; i < UsableSlots; ++i) {
             const bool filled = std::count(filledRows.begin(), filledRows.end(), i) > 0;
             ASSERT_FALSE(rows[i].Log.empty());
-            EXPECT_EQ(rows[i].Log.front(), "Cls") << i;
-            EXPECT_EQ(Glyphs(rows[i]).at(0), "  @0,0") << i;
+            EXPECT_EQ(rows[i].Log.front() + Glyphs(rows[i]).at(0), "Cls  @0,0") << i;
             // Blanks, x, 2, +, s, i, n, (, x, ), blank; or the two blanks of an empty row.
-            if (i != failingRow) {
-                EXPECT_EQ(rows[i].Prints.size(), filled ? 11u : 2u) << i;
-            }
+            EXPECT_TRUE(i == failingRow || rows[i].Prints.size() == (filled ? 11u : 2u)) << i;
         }
     }
     Session bare; // no surfaces: the rows are still counted
@@ -245,5 +241,69 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
     EXPECT_EQ(bare.LastFilledSlot, 2);
 }
 
+// The form at 12 points: a character is 8 pixels, 6 points, wide; a line 15 points high.
+struct ExplainForm : PlotSession {
+    RecordingSurface form;
+    explicit ExplainForm(int pixelWidth) : form(pixelWidth, 1200) {
+        form.FontName = ExplainFontName;
+        form.FontSize = ExplainFontSize;
+    }
+    // The text of each typesetter call: its characters up to the line's closing blank.
+    Texts Lines() const {
+        Texts lines(1);
+        for (const RecordingSurface::Printed& print : form.Prints)
+            print.KeepLine ? void(lines.back() += print.Text) : void(lines.emplace_back());
+        lines.pop_back();
+        return lines;
+    }
+};
+
+std::string Repeat(const std::string& part, int times) {
+    std::string out;
+    for (int i = 0; i < times; ++i)
+        out += part;
+    return out;
+}
+
+TEST(RegressionWindow, BreaksAtBlanksOrWhereTheLineOverflowsAndSizesItsHeight) {
+    // {form width in pixels, equation, lines, height in twips: 3.5 font sizes plus the pen's
+    // height in points, 15 twips each; -1 not asked}. 360 pixels are 270 points: 45 characters
+    // fit on a line. The break falls at the last blank before the overflow; a sign that
+    // overflowed begins the next line. With no blank the character that overflowed goes on the
+    // next line; a form narrower than one character still ends.
+    const std::tuple<int, std::string, Texts, int> cases[] = {
+        {360, "f(x) =", {"f(x) ="}, 630 + 18 * 15},
+        {360, "f(x) =  2x + 1", {"f(x) =  2x + 1"}, 630 + 18 * 15},
+        {360,
+         "f(x) =  " + Repeat("1234567890 + ", 5),
+         {"f(x) =  1234567890 + 1234567890 + 1234567890", "+ 1234567890 + 1234567890 + "},
+         630 + 36 * 15},
+        {360,
+         "f(x) = " + Repeat("123456789 + ", 6),
+         {"f(x) = 123456789 + 123456789 + 123456789 +", "123456789 + 123456789 + 123456789 + "},
+         630 + 36 * 15},
+        {360, Repeat("a", 50), {Repeat("a", 45), "aaaaa"}, 630 + 36 * 15},
+        {4, "abc", {"a", "b", "c"}, -1}};
+    for (const auto& [width, equation, lines, height] : cases) {
+        SCOPED_TRACE(equation);
+        ExplainForm f(width);
+        f.s.RegressionEquation = equation;
+        const int shownHeight = ShowEquation(f.s, f.form);
+        EXPECT_EQ(height < 0 ? -1 : shownHeight, height);
+        // Printed in points, left in pixels.
+        EXPECT_EQ(
+            std::tuple(f.Lines(), f.host.Messages().size(), f.form.ScaleWidth, f.form.ScaleHeight),
+            std::tuple(lines, 0u, float(width), 1200.0f));
+    }
+}
+
+TEST(RegressionWindow, TitleFollowsTheTrend) {
+    Session s;
+    EXPECT_EQ(ExplainCaption(s), "Linear Regression Equation");
+    s.Panel.LinearOn = false;
+    s.Panel.PolynomialOn = true;
+    EXPECT_EQ(ExplainCaption(s), "Polynomial Regression Equation");
+}
+
 } // namespace
-} // namespace vt
+} // namespace vt::test

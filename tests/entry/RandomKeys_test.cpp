@@ -45,14 +45,11 @@ bool IsOp(char c) {
 // after "(", "~" and "^" none of the operators that need something before them.
 bool ForbiddenPair(char a, char b) {
     const std::string digits = "0123456789", letters = "xPSCT";
-    const std::pair<std::string, std::string> rules[] = {{"+-*/", "+-*/"},
-                                                         {letters, digits + "P"},
-                                                         {"x", "x"},
-                                                         {".", ".+-*/^~|()xPSCT"},
-                                                         {")", digits + letters + "("},
-                                                         {"(", "+*/)^"},
-                                                         {"~", "+*/"},
-                                                         {"^", "+*/^)"}};
+    // clang-format off
+    const std::pair<std::string, std::string> rules[] = {
+        {"+-*/", "+-*/"}, {letters, digits + "P"}, {"x", "x"}, {".", ".+-*/^~|()xPSCT"},
+        {")", digits + letters + "("}, {"(", "+*/)^"}, {"~", "+*/"}, {"^", "+*/^)"}};
+    // clang-format on
     for (const auto& [before, after] : rules)
         if (before.find(a) != std::string::npos && after.find(b) != std::string::npos) return true;
     return false;
@@ -116,9 +113,10 @@ AssertionResult CheckKeyOutcome(const Session& s, const KeyOutcome& k, const std
         return AssertionFailure() << "graph command ran " << graphs - k.graphsBefore;
 
     // The counts kept key by key agree with the list.
-    const int open = static_cast<int>(std::count(now.begin(), now.end(), '('));
-    const int closed = static_cast<int>(std::count(now.begin(), now.end(), ')'));
-    const int bars = static_cast<int>(std::count(now.begin(), now.end(), '|'));
+    const auto count = [&](char c) {
+        return static_cast<int>(std::count(now.begin(), now.end(), c));
+    };
+    const int open = count('('), closed = count(')'), bars = count('|');
     if (s.OpenParens(slot) != open - closed || open - closed < 0 || open - closed > 3)
         return AssertionFailure() << "OpenParens " << s.OpenParens(slot);
     if (s.OpenBars(slot) != bars % 2 || s.BarOpen(slot) != (bars % 2 == 1))

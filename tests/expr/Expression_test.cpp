@@ -4,6 +4,7 @@
 #include <string>
 
 #include "expr/Expression.h"
+#include "expr/ProgramCache.h"
 
 namespace vt {
 
@@ -13,14 +14,11 @@ constexpr double Fails = 1e300; // marker in the tables: the text has no value
 constexpr double IsEmpty = -1e300;
 
 void ExpectOutcome(const EvalResult& r, double expected, const std::string& text) {
-    if (expected == Fails) {
-        EXPECT_EQ(r.kind, EvalResult::Failure) << text << " gave " << r.value;
-    } else if (expected == IsEmpty) {
-        EXPECT_EQ(r.kind, EvalResult::Empty) << text;
-    } else {
-        ASSERT_EQ(r.kind, EvalResult::Value) << text;
-        EXPECT_DOUBLE_EQ(r.value, expected) << text;
-    }
+    const auto kind = expected == Fails     ? EvalResult::Failure
+                      : expected == IsEmpty ? EvalResult::Empty
+                                            : EvalResult::Value;
+    EXPECT_EQ(r.kind, kind) << text << " gave " << r.value;
+    EXPECT_DOUBLE_EQ(r.kind == EvalResult::Value ? r.value : expected, expected) << text;
 }
 
 } // namespace
@@ -64,6 +62,34 @@ TEST(Expression, Failures) {
     // clang-format on
     for (const auto& [text, value] : cases)
         ExpectOutcome(EvaluateExpression(text), value, text.substr(0, 40));
+}
+
+TEST(ProgramCache, CompilesEachTextOnceAndDropsTheLeastRecentlyUsed) {
+    ProgramCache cache;
+    const auto first = cache.Get("x+1");
+    EXPECT_EQ(cache.Get("x+1"), first);
+    EXPECT_EQ(cache.Compilations(), 1);
+
+    // "x+1" used last but one: the other texts push it out only after Capacity - 1 of them.
+    const auto second = cache.Get("x*2");
+    cache.Get("x+1");
+    for (std::size_t i = 0; i + 2 < ProgramCache::Capacity; ++i)
+        cache.Get("x-" + std::to_string(i));
+    EXPECT_EQ(cache.Size(), ProgramCache::Capacity);
+    cache.Get("x/7"); // one past the capacity: "x*2" goes, "x+1" stays
+    EXPECT_EQ(cache.Size(), ProgramCache::Capacity);
+    const long compiled = cache.Compilations();
+    EXPECT_EQ(cache.Get("x+1"), first);
+    EXPECT_EQ(cache.Compilations(), compiled);
+    EXPECT_NE(cache.Get("x*2"), second);
+    EXPECT_EQ(cache.Compilations(), compiled + 1);
+
+    // A program handed out outlives its place in the cache.
+    for (std::size_t i = 0; i < 2 * ProgramCache::Capacity; ++i)
+        cache.Get(std::to_string(i));
+    const EvalResult r = first->Evaluate(2, false);
+    EXPECT_EQ(r.kind, EvalResult::Value);
+    EXPECT_EQ(r.value, 3);
 }
 
 } // namespace vt

@@ -25,8 +25,7 @@ struct FakeSystem : SystemLookups {
     std::optional<RegistryData> ReadRegistry(RegistryRoot, const std::string& key,
                                              const std::string& value, std::size_t) override {
         const auto found = values.find({key, value});
-        if (found == values.end()) return std::nullopt;
-        return found->second;
+        return found == values.end() ? std::nullopt : std::optional(found->second);
     }
     bool FileExists(const std::string& path) override {
         return std::find(files.begin(), files.end(), path) != files.end();
@@ -37,88 +36,71 @@ struct FakeSystem : SystemLookups {
     }
 };
 
+using Texts = std::vector<std::string>;
+
 std::string Bytes(std::initializer_list<int> bytes) {
-    std::string out;
-    for (int b : bytes)
-        out += static_cast<char>(b);
-    return out;
+    return {bytes.begin(), bytes.end()};
 }
 
 } // namespace
 
 TEST(GetKeyValue, ReadsEachTypeOfValue) {
-    struct Case {
-        const char* name;
-        std::optional<RegistryData> stored;
-        KeyValue expected;
-    };
     // A number's bytes read last to first, unpadded: 05 01 00 (the final zero dropped) reads as
     // 0x015; four digits make a 16-bit number, eight a 32-bit one, more fail.
     const auto number = [](std::initializer_list<int> b) {
         return RegistryData{RegistryNumber, Bytes(b)};
     };
+    // {stored, text, found, failed}
     // clang-format off
-    const Case cases[] = {
-        {"missing", std::nullopt, {"", false, false}},
-        {"string with its final zero",
-         RegistryData{RegistryString, Bytes({'C', ':', '\\', 'm', 0})}, {"C:\\m", true, false}},
-        {"string without", RegistryData{RegistryString, "abc"}, {"abc", true, false}},
-        {"number, unpadded", number({5, 1, 0, 0}), {"21", true, false}},
-        {"16-bit", number({0xFF, 0xFF}), {"-1", true, false}},
-        {"32-bit", number({0x78, 0x56, 0x34, 0x12}), {"305419896", true, false}},
-        {"too long", number({0x10, 0x10, 0x10, 0x10, 0x10}), {"", false, true}},
-        {"no bytes", number({}), {"", false, true}},
-        {"other type", RegistryData{3, "xyz"}, {"", true, false}}};
+    const std::tuple<std::optional<RegistryData>, const char*, bool, bool> cases[] = {
+        {std::nullopt, "", false, false},
+        {RegistryData{RegistryString, Bytes({'C', ':', '\\', 'm', 0})}, "C:\\m", true, false},
+        {RegistryData{RegistryString, "abc"}, "abc", true, false},
+        {number({5, 1, 0, 0}), "21", true, false}, {number({0xFF, 0xFF}), "-1", true, false},
+        {number({0x78, 0x56, 0x34, 0x12}), "305419896", true, false},
+        {number({0x10, 0x10, 0x10, 0x10, 0x10}), "", false, true}, {number({}), "", false, true},
+        {RegistryData{3, "xyz"}, "", true, false}};
     // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& [stored, text, found, failed] : cases) {
         FakeSystem system;
-        if (c.stored) system.values[{PathKey, "PATH"}] = *c.stored;
+        if (stored) system.values[{PathKey, "PATH"}] = *stored;
         const KeyValue got = GetKeyValue(system, RegistryRoot::LocalMachine, PathKey, "PATH");
-        EXPECT_EQ(got.Text, c.expected.Text) << c.name;
-        EXPECT_EQ(got.Found, c.expected.Found) << c.name;
-        EXPECT_EQ(got.Failed, c.expected.Failed) << c.name;
+        EXPECT_EQ(std::tuple(got.Text, got.Found, got.Failed), std::tuple(text, found, failed))
+            << text;
     }
 }
 
 TEST(StartSysInfo, RunsTheProgramTheRegistryNamesOrSaysItIsUnavailable) {
-    struct Case {
-        const char* name;
-        std::optional<RegistryData> path, folder;
-        bool fileThere;
-        std::vector<std::string> started;
-        bool message;
-    };
     const RegistryData path{RegistryString,
                             Bytes({'C', ':', '\\', 's', 'i', '.', 'e', 'x', 'e', 0})};
     const RegistryData folder{RegistryString, "D:\\tools"};
     const RegistryData tooLong{RegistryNumber, Bytes({0x10, 0x10, 0x10, 0x10, 0x10})};
-    const Case cases[] = {
-        {"nothing in the registry", std::nullopt, std::nullopt, false, {}, true},
-        {"the path comes first", path, folder, true, {"C:\\si.exe"}, false},
-        {"the shared tools folder", std::nullopt, folder, true, {"D:\\tools\\MSINFO32.EXE"}, false},
-        {"the folder without the program", std::nullopt, folder, false, {}, true},
-        {"a value that fails ends quietly", tooLong, folder, true, {}, false},
-    };
-    for (const Case& c : cases) {
+    const auto none = std::nullopt;
+    // {PATH, shared tools folder, the program in it, started, message}: the path comes first;
+    // the folder without the program is no program; a value that fails ends quietly.
+    // clang-format off
+    const std::tuple<std::optional<RegistryData>, std::optional<RegistryData>, bool, Texts, bool>
+        cases[] = {{none, none, false, {}, true}, {path, folder, true, {"C:\\si.exe"}, false},
+                   {none, folder, true, {"D:\\tools\\MSINFO32.EXE"}, false},
+                   {none, folder, false, {}, true}, {tooLong, folder, true, {}, false}};
+    // clang-format on
+    for (const auto& [pathValue, folderValue, fileThere, started, message] : cases) {
         FakeSystem system;
-        if (c.path) system.values[{PathKey, "PATH"}] = *c.path;
-        if (c.folder) system.values[{FolderKey, "MSINFO"}] = *c.folder;
-        if (c.fileThere) system.files.push_back("D:\\tools\\MSINFO32.EXE");
+        if (pathValue) system.values[{PathKey, "PATH"}] = *pathValue;
+        if (folderValue) system.values[{FolderKey, "MSINFO"}] = *folderValue;
+        if (fileThere) system.files.push_back("D:\\tools\\MSINFO32.EXE");
         test::ScriptedPlatform platform;
         StartSysInfo(system, platform);
-        EXPECT_EQ(system.started, c.started) << c.name;
-        const std::vector<std::string> expected =
-            c.message ? std::vector<std::string>{SysInfoUnavailableText}
-                      : std::vector<std::string>{};
-        EXPECT_EQ(platform.Messages(), expected) << c.name;
+        EXPECT_EQ(system.started, started);
+        EXPECT_EQ(platform.Messages(), message ? Texts{SysInfoUnavailableText} : Texts{});
     }
     // A system with no registry always ends at the message.
     NoRegistryLookups noRegistry;
     test::ScriptedPlatform platform;
     StartSysInfo(noRegistry, platform);
     ASSERT_EQ(platform.Calls.size(), 1u);
-    EXPECT_EQ(platform.Calls[0].Text, SysInfoUnavailableText);
-    EXPECT_EQ(platform.Calls[0].Style, MsgOkOnly);
+    EXPECT_EQ(std::tuple(platform.Calls[0].Text, platform.Calls[0].Style),
+              std::tuple(SysInfoUnavailableText, MsgOkOnly));
 }
 
 TEST(HelpAndWeb, FindsTheBookAndOpensEachPage) {
@@ -133,8 +115,8 @@ TEST(HelpAndWeb, FindsTheBookAndOpensEachPage) {
         {{}, "/p/bin/help"}};
     for (const auto& [there, expected] : choices) {
         folders = there;
-        EXPECT_EQ(HelpFolder("/p/bin", exists), expected);
-        EXPECT_EQ(HelpFolder("/p/bin/", exists), expected);
+        EXPECT_EQ(std::tuple(HelpFolder("/p/bin", exists), HelpFolder("/p/bin/", exists)),
+                  std::tuple(expected, expected));
     }
 
     auto s = std::make_unique<Session>();
@@ -146,20 +128,16 @@ TEST(HelpAndWeb, FindsTheBookAndOpensEachPage) {
     HeadlessShell shell;
     shell.Messages = &platform;
     s->BindHost(&shell);
-    mnuHelpTopics_Click(*s);
-    mnuVeritrace_Click(*s);
-    OpenHomePage(*s);
-    mnuOnlineSupport_Click(*s);
-    const std::vector<std::pair<std::string, std::string>> expected = {
-        {"ShowHelp", "/nowhere/bin/help/index.html"},
-        {"OpenWebPage", "/nowhere/bin/help/web/veritrace.html"},
-        {"OpenWebPage", "/nowhere/bin/help/web/home.html"},
-        {"OpenWebPage", "/nowhere/bin/help/web/support.html"}};
-    ASSERT_EQ(platform.Calls.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(platform.Calls[i].Kind, expected[i].first);
-        EXPECT_EQ(platform.Calls[i].Text, expected[i].second);
-    }
+    for (auto command :
+         {mnuHelpTopics_Click, mnuVeritrace_Click, OpenHomePage, mnuOnlineSupport_Click})
+        command(*s);
+    Texts calls;
+    for (const auto& call : platform.Calls)
+        calls.push_back(call.Kind + " " + call.Text);
+    EXPECT_EQ(calls, (Texts{"ShowHelp /nowhere/bin/help/index.html",
+                            "OpenWebPage /nowhere/bin/help/web/veritrace.html",
+                            "OpenWebPage /nowhere/bin/help/web/home.html",
+                            "OpenWebPage /nowhere/bin/help/web/support.html"}));
 }
 
 } // namespace vt

@@ -56,6 +56,13 @@ class PlotSurface : public RecordingSurface {
         Log.clear();
         Clears = 0;
     }
+    // The lines of the log that start with the given text.
+    std::size_t Logged(const std::string& start) const {
+        std::size_t n = 0;
+        for (const std::string& line : Log)
+            n += line.rfind(start, 0) == 0;
+        return n;
+    }
     std::vector<Stroke> StrokesIn(Colour colour, int width) const {
         std::vector<Stroke> out;
         for (const Stroke& stroke : Strokes)
@@ -85,13 +92,26 @@ struct PlotSession {
     // Types a function into a row as a file load does.
     void Type(int slot, const std::string& keys) { ReplaySlotKeys(s, slot, keys); }
     void SetView(View v) {
-        s.ViewXMin = v[0];
-        s.ViewXMax = v[1];
-        s.ViewYMin = v[2];
-        s.ViewYMax = v[3];
+        std::tie(s.ViewXMin, s.ViewXMax, s.ViewYMin, s.ViewYMax) = std::tuple_cat(v);
     }
     View ViewNow() const { return {s.ViewXMin, s.ViewXMax, s.ViewYMin, s.ViewYMax}; }
 };
+
+// Writes an evaluator text into a row's cells, a character a cell, as the builder leaves it.
+inline void SetGraphable(Session& s, int slot, const std::string& text) {
+    for (int i = 0; i <= CellUpper; ++i)
+        s.GraphableCells(i, slot).clear();
+    for (std::size_t i = 0; i < text.size() && i <= CellUpper; ++i)
+        s.GraphableCells(static_cast<int>(i), slot).assign(1, text[i]);
+}
+
+// What f gives on the text route; the session's evaluator then goes back to compiling.
+template <class F> auto ByText(Session& s, F f) {
+    s.Evaluator.SetStrategy(EvalStrategy::Text);
+    const auto result = f();
+    s.Evaluator.SetStrategy(EvalStrategy::Compiled);
+    return result;
+}
 
 constexpr Colour Red = 0x0000FF;      // slot 0's swatch
 constexpr Colour Blue = 0xFF0000;     // slot 1's swatch

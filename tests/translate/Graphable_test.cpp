@@ -72,10 +72,8 @@ TEST(GraphableBuilder, MakesEvaluatorTextAndMarkedUpDisplay) {
         SCOPED_TRACE(tokens);
         Session s;
         const GraphableRow row = Build(s, tokens);
-        EXPECT_EQ(row.Display, display);
-        EXPECT_EQ(row.Evaluator, text);
-        EXPECT_EQ(GraphableText(s, 0), text);
-        EXPECT_EQ(DisplayText(s, 0), display);
+        EXPECT_EQ(std::tuple(row.Display, row.Evaluator, DisplayText(s, 0), GraphableText(s, 0)),
+                  std::tuple(display, text, display, text));
     }
 }
 
@@ -88,11 +86,9 @@ TEST(GraphableBuilder, WorkedExampleLeavesTheGrids) {
     std::string cells;
     for (int c : {12, 16, 17, 20})
         cells += s.DisplayTokens(c, 0);
-    EXPECT_EQ(cells, "^2^+");
-    EXPECT_EQ(s.DisplayCount, 40);
-    EXPECT_EQ(s.TermStart(0, 0), 20);
-    EXPECT_EQ(s.BuildSource(8), "x");
-    EXPECT_EQ(s.BuildTokens(4), "");
+    EXPECT_EQ(
+        std::tuple(cells, s.DisplayCount, s.TermStart(0, 0), s.BuildSource(8), s.BuildTokens(4)),
+        std::tuple("^2^+", 40, 20, "x", ""));
     EXPECT_EQ(s.GraphableCells(0, 0) + "|" + s.GraphableCells(10, 0) + "|" +
                   s.GraphableCells(11, 0),
               "2|)|");
@@ -109,10 +105,10 @@ TEST(GraphableBuilder, ReportsUnfinishedRowsAndOpenGroups) {
         {"", 0, false, false, false}, {"2", 0, false, false, false}, {"x +", 0, true, false, false},
         {"x /", 0, true, false, false}, {"( x", 0, true, false, false},
         {"x ^", 0, true, false, true}, {"x ^ 2", 0, false, false, true},
-        {"x ^ 2 + 1", 0, false, false, false},
-        {"~", 0, true, true, false}, {"2 ~ x", 0, false, true, false},
-        {"~ ( x )", 0, false, true, false}, {"x .", 0, true, false, false},
-        {"| x", 1, true, false, false}, {"| x |", 0, false, false, false}};
+        {"x ^ 2 + 1", 0, false, false, false}, {"~", 0, true, true, false},
+        {"2 ~ x", 0, false, true, false}, {"~ ( x )", 0, false, true, false},
+        {"x .", 0, true, false, false}, {"| x", 1, true, false, false},
+        {"| x |", 0, false, false, false}};
     // clang-format on
     for (const auto& [tokens, openBars, incomplete, inRoot, inExponent] : cases) {
         SCOPED_TRACE(tokens);
@@ -120,12 +116,11 @@ TEST(GraphableBuilder, ReportsUnfinishedRowsAndOpenGroups) {
         s.OpenBars(0) = openBars;
         s.InRoot(0) = !inRoot;
         s.InExponent(0) = !inExponent;
-        EXPECT_EQ(Build(s, tokens).Incomplete, incomplete);
-        EXPECT_EQ(s.SlotIncomplete(0), incomplete);
-        EXPECT_EQ(s.InRoot(0), inRoot);
-        EXPECT_EQ(s.InExponent(0), inExponent);
         // The groups are all closed again for the next run.
-        EXPECT_FALSE(s.FractionOpen(0) || s.RootOpen(0) || s.ExponentOpen(0));
+        const bool built = Build(s, tokens).Incomplete;
+        EXPECT_EQ(std::tuple(built, s.SlotIncomplete(0), s.InRoot(0), s.InExponent(0),
+                             s.FractionOpen(0) || s.RootOpen(0) || s.ExponentOpen(0)),
+                  std::tuple(incomplete, incomplete, inRoot, inExponent, false));
     }
 }
 
@@ -137,10 +132,11 @@ TEST(GraphableBuilder, LongRowsStopTheDisplayAtCell1000AndOverflowTheGridsAsSubs
         spaced += k % 2 == 0 ? "2 " : "+ ";
     const std::vector<std::string> numbers = Split(spaced);
     Session display;
-    EXPECT_EQ(Build(display, {numbers.begin(), numbers.begin() + 259}).Display.size(), 250u);
-    EXPECT_EQ(DisplayText(display, 0).size(), 250u);
-    EXPECT_EQ(GraphableText(display, 0).size(), 259u);
-    EXPECT_EQ(display.DisplayCount, 1040);
+    const std::size_t built =
+        Build(display, {numbers.begin(), numbers.begin() + 259}).Display.size();
+    EXPECT_EQ(std::tuple(built, DisplayText(display, 0).size(), GraphableText(display, 0).size(),
+                         display.DisplayCount),
+              std::tuple(250u, 250u, 259u, 1040));
     std::vector<std::string> longRow = numbers;
     for (std::size_t k = 0; k < longRow.size(); k += 2)
         longRow[k] = "x";

@@ -45,15 +45,13 @@ TEST(Breakdown, TypedEquationGoesThroughEveryStage) {
     EXPECT_EQ(run.Normalised, (Tokens{"+", "2", "x", "^", "2", "+", "S", "(", "+", "x", ")"}));
     EXPECT_EQ(run.Text, "+2/1x^+2+1/1S");
     ASSERT_EQ(run.Terms.size(), 2u);
-    EXPECT_EQ(run.Terms[0].Num, 2.0f);
-    EXPECT_EQ(run.Terms[0].Letters, "x^2");
-    EXPECT_EQ(run.Terms[1].Letters, "S");
+    EXPECT_EQ(std::tuple(run.Terms[0].Num, run.Terms[0].Letters, run.Terms[1].Letters),
+              std::tuple(2.0f, "x^2", "S"));
     // The parenthesis opened group 1, whose one part holds the term x.
-    EXPECT_EQ(s->MaxBreakdownGroup, 1);
-    EXPECT_EQ(s->TermCount(1, 0), 1);
-    EXPECT_EQ(s->BreakdownTerm(0, 1, 0, 1).Factor(1), "x");
-    EXPECT_EQ(s->BreakdownTerm(0, 0, 0, 1).Power(1), 2.0f);
-    EXPECT_EQ(s->BreakdownTerm(0, 0, 0, 1).TopText, "x^2");
+    EXPECT_EQ(
+        std::tuple(s->MaxBreakdownGroup, s->TermCount(1, 0), s->BreakdownTerm(0, 1, 0, 1).Factor(1),
+                   s->BreakdownTerm(0, 0, 0, 1).Power(1), s->BreakdownTerm(0, 0, 0, 1).TopText),
+        std::tuple(1, 1, "x", 2.0f, "x^2"));
     // char2str_graph gives the same text from the same tokens.
     ASSERT_EQ(CopySlotToBreakdown(*s, 0), BreakdownError::None);
     std::string text;
@@ -83,10 +81,8 @@ TEST(Breakdown, StagesJoinNumbersAndMakeSignsExplicit) {
         {"x = y = z", {"x", "=", "y", "=", "z"}, {"+", "x", "=", "+", "y", "=", "+"}}};
     // clang-format on
     for (const auto& [tokens, merged, normalised] : cases) {
-        SCOPED_TRACE(tokens);
         const BreakdownRun run = RunTokens(tokens);
-        EXPECT_EQ(run.Merged, merged);
-        EXPECT_EQ(run.Normalised, normalised);
+        EXPECT_EQ(std::tuple(run.Merged, run.Normalised), std::tuple(merged, normalised)) << tokens;
     }
 }
 
@@ -101,10 +97,9 @@ TEST(Breakdown, TermsCarryTheirRationalCoefficients) {
         {"1 E + 2 x", "+100/1x"}, {"2 x = 3", "+2/1x"}, {"x < = 1", "+0/1x"}, {"2 ( x )", "+2/1"}};
     // clang-format on
     for (const auto& [tokens, text] : cases) {
-        SCOPED_TRACE(tokens);
         const BreakdownRun run = RunTokens(tokens);
-        EXPECT_EQ(run.Error, BreakdownError::None);
-        EXPECT_EQ(run.Text, text);
+        EXPECT_EQ(std::tuple(run.Error, run.Text), std::tuple(BreakdownError::None, text))
+            << tokens;
     }
 }
 
@@ -131,11 +126,9 @@ TEST(Breakdown, ErrorsStopTheRunAndAreReported) {
         {"1 E 5", BreakdownError::TypeMismatch},   // no exponent digits after the sign's place
     };
     for (const auto& [tokens, error] : cases) {
-        SCOPED_TRACE(tokens.substr(0, 60));
         const BreakdownRun run = RunTokens(tokens);
-        EXPECT_EQ(run.Error, error);
-        EXPECT_EQ(run.Text, "");
-        EXPECT_TRUE(run.Terms.empty());
+        EXPECT_EQ(std::tuple(run.Error, run.Text, run.Terms.size()), std::tuple(error, "", 0u))
+            << tokens.substr(0, 60);
     }
     // More tokens than cells, and a joining that runs past the last cell.
     auto s = std::make_unique<Session>();
@@ -148,14 +141,10 @@ TEST(Breakdown, ErrorsStopTheRunAndAreReported) {
 TEST(Breakdown, NumberTools) {
     // {text; ExpandENotation; FractionValue; FractionValue rounded}. "!" stands for the
     // error named in the last column.
-    struct Case {
-        std::string in, expanded, fraction, rounded;
-        BreakdownError error;
-    };
     constexpr auto None = BreakdownError::None, Mismatch = BreakdownError::TypeMismatch,
                    Overflow = BreakdownError::Overflow;
     // clang-format off
-    const Case cases[] = {
+    const std::tuple<std::string, std::string, std::string, std::string, BreakdownError> cases[] = {
         {"12", "12", "12", "12", None}, {"1E-5", "100000", "1E-5", "1E-5", None},
         {"2.5E+2", "250", "2.5E+2", "2.5E+2", None}, {"7/2", "7/2", "3.5", "4", None},
         {"5/2", "5/2", "2.5", "2", None}, {"3/0", "3/0", "", "", None},
@@ -164,22 +153,20 @@ TEST(Breakdown, NumberTools) {
         {"1E+400", "!", "1E+400", "1E+400", Overflow}, {"/4", "/4", "!", "!", Mismatch}};
     // clang-format on
     BreakdownState b;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.in);
+    for (const auto& [in, expanded, fraction, rounded, error] : cases) {
+        SCOPED_TRACE(in);
+        // Each result as its text, or "!" and the error.
+        const auto result = [&](BreakdownError e, const std::string& out) {
+            return e == BreakdownError::None ? std::tuple(out, e) : std::tuple(std::string("!"), e);
+        };
+        const auto expected = [&](const std::string& want) {
+            return std::tuple(want, want == "!" ? error : BreakdownError::None);
+        };
         std::string out;
-        const BreakdownError expand = ExpandENotation(c.in, out);
-        EXPECT_EQ(expand, c.expanded == "!" ? c.error : BreakdownError::None);
-        if (expand == BreakdownError::None) {
-            EXPECT_EQ(out, c.expanded);
-        }
-        for (const bool roundIt : {false, true}) {
-            const std::string& want = roundIt ? c.rounded : c.fraction;
-            const BreakdownError fraction = FractionValue(b, c.in, roundIt, out);
-            EXPECT_EQ(fraction, want == "!" ? c.error : BreakdownError::None);
-            if (fraction == BreakdownError::None) {
-                EXPECT_EQ(out, want);
-            }
-        }
+        EXPECT_EQ(result(ExpandENotation(in, out), out), expected(expanded));
+        for (const bool roundIt : {false, true})
+            EXPECT_EQ(result(FractionValue(b, in, roundIt, out), out),
+                      expected(roundIt ? rounded : fraction));
     }
     const std::pair<float, std::string> singles[] = {
         {2, "2"},        {-2.5f, "-2.5"},      {0.1f, "0.1"},       {1 / 3.0f, "0.3333333"},
@@ -224,15 +211,11 @@ TEST(Breakdown, AnyTokenListEndsInTextOrAnError) {
             tokens.push_back(alphabet[random() % alphabet.size()]);
         if (SetBreakdownTokens(*s, tokens) != BreakdownError::None) continue;
         const BreakdownRun result = RunBreakdown(*s);
-        if (!result.Normalised.empty()) {
-            EXPECT_TRUE(IsSign(result.Normalised.front()));
-        }
+        EXPECT_TRUE(result.Normalised.empty() || IsSign(result.Normalised.front()));
         ++outcomes[static_cast<int>(result.Error)];
-        if (result.Error == BreakdownError::None) {
-            EXPECT_EQ(static_cast<int>(result.Terms.size()), s->TermCount(0, 0));
-        } else {
-            EXPECT_TRUE(result.Terms.empty() && result.Text.empty());
-        }
+        EXPECT_TRUE(result.Error == BreakdownError::None
+                        ? static_cast<int>(result.Terms.size()) == s->TermCount(0, 0)
+                        : result.Terms.empty() && result.Text.empty());
     }
     // The lists reach both finished runs and every kind of error.
     for (int outcome : outcomes)
