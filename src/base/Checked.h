@@ -73,105 +73,93 @@ template <class T, int Lo, int Hi> class Array1 {
     int top_ = Lo - 1;
 };
 
-// Two dimensions, 0..Hi1 by 0..Hi2 inclusive, written (i, j) as the program does.
-template <class T, int Hi1, int Hi2> class Array2 {
-  public:
-    static constexpr int Upper1 = Hi1;
-    static constexpr int Upper2 = Hi2;
-
-    Array2() : cells_(static_cast<std::size_t>(Hi1 + 1) * (Hi2 + 1)) {}
-
-    T& operator()(int i, int j) {
-        if (i < 0 || i > Hi1 || j < 0 || j > Hi2) throw SubscriptError();
-        int& top = tops_[static_cast<std::size_t>(j)];
-        top = std::max(top, i);
-        return cells_[Index(i, j)];
-    }
-    const T& operator()(int i, int j) const {
-        if (i < 0 || i > Hi1 || j < 0 || j > Hi2) throw SubscriptError();
-        return cells_[Index(i, j)];
-    }
-    // The highest i of column j that may hold something other than the empty value; -1 if none.
-    int Top(int j) const {
-        if (j < 0 || j > Hi2) throw SubscriptError();
-        return tops_[static_cast<std::size_t>(j)];
-    }
-    void Fill(const T& value) {
-        for (int j = 0; j <= Hi2; ++j)
-            FillColumn(j, value);
-    }
-    // Cells (0..Hi1, j) set to the value.
-    void FillColumn(int j, const T& value) {
-        if (j < 0 || j > Hi2) throw SubscriptError();
-        int& top = tops_[static_cast<std::size_t>(j)];
-        const auto column = cells_.begin() + static_cast<std::ptrdiff_t>(Index(0, j));
-        if (IsEmptyValue(value)) {
-            EmptyCells(column, top + 1);
-            top = -1;
-        } else {
-            std::fill_n(column, Hi1 + 1, value);
-            top = Hi1;
-        }
-    }
-
-  private:
-    // Column-major: one slot's cells lie together.
-    static std::size_t Index(int i, int j) {
-        return static_cast<std::size_t>(j) * (Hi1 + 1) + static_cast<std::size_t>(i);
-    }
-    std::vector<T> cells_;
-    std::array<int, Hi2 + 1> tops_ = MakeTops();
-
-    static std::array<int, Hi2 + 1> MakeTops() {
-        std::array<int, Hi2 + 1> tops;
-        tops.fill(-1);
-        return tops;
-    }
-};
-
 // One dimension, 0..Hi inclusive, kept on the heap: a long row of cells inside a value that is
-// itself kept in arrays and copied whole. Only the cells up to the highest one handed out for
-// writing are stored, so a copy costs what the row holds. Room for every cell is reserved at
-// once: a reference to a cell stays good while later cells come into use.
+// itself kept in arrays and copied whole. Cells are made when first handed out, so a new row
+// costs nothing and a copy costs what the row holds. Room for every cell is reserved when the
+// first is made: a reference to a cell stays good while later cells come into use.
 template <class T, int Hi> class HeapArray {
   public:
     static constexpr int Upper = Hi;
 
-    HeapArray() { cells_.reserve(Capacity); }
-    HeapArray(const HeapArray& other) {
-        cells_.reserve(Capacity);
-        cells_ = other.cells_;
-    }
+    HeapArray() = default;
+    HeapArray(const HeapArray& other) { *this = other; }
     HeapArray& operator=(const HeapArray& other) {
-        cells_.reserve(Capacity);
-        cells_ = other.cells_;
+        if (this == &other) return *this;
+        const auto used = static_cast<std::size_t>(other.top_ + 1);
+        if (used > 0) cells_.reserve(Capacity);
+        cells_.assign(other.cells_.begin(),
+                      other.cells_.begin() + static_cast<std::ptrdiff_t>(used));
+        top_ = other.top_;
         return *this;
     }
 
     T& operator()(int i) {
         if (i < 0 || i > Hi) throw SubscriptError();
         const auto cell = static_cast<std::size_t>(i);
-        if (cell >= cells_.size()) cells_.resize(cell + 1);
+        if (cell >= cells_.size()) Make(cell);
+        top_ = std::max(top_, i);
         return cells_[cell];
     }
     const T& operator()(int i) const {
         if (i < 0 || i > Hi) throw SubscriptError();
         static const T empty{};
-        const auto cell = static_cast<std::size_t>(i);
-        return cell < cells_.size() ? cells_[cell] : empty;
+        return i <= top_ ? cells_[static_cast<std::size_t>(i)] : empty;
     }
     // The highest index that may hold something other than the empty value; -1 if none.
-    int Top() const { return static_cast<int>(cells_.size()) - 1; }
+    int Top() const { return top_; }
     void Fill(const T& value) {
-        if (IsEmptyValue(value))
-            cells_.clear();
-        else
+        if (IsEmptyValue(value)) {
+            // The cells stay made, emptied, for the next run to fill again.
+            EmptyCells(cells_.begin(), top_ + 1);
+            top_ = -1;
+        } else {
+            cells_.reserve(Capacity);
             cells_.assign(Capacity, value);
+            top_ = Hi;
+        }
     }
 
   private:
     static constexpr std::size_t Capacity = static_cast<std::size_t>(Hi) + 1;
-    std::vector<T> cells_;
+
+    // Makes the cells up to the given one; kept apart so that reaching a made cell stays short.
+    [[gnu::noinline]] void Make(std::size_t cell) {
+        cells_.reserve(Capacity);
+        cells_.resize(cell + 1);
+    }
+
+    std::vector<T> cells_; // the cells made so far; those above top_ are empty
+    int top_ = -1;
+};
+
+// Two dimensions, 0..Hi1 by 0..Hi2 inclusive, written (i, j) as the program does: a row of
+// cells for each j, so that one slot's cells lie together and a slot never used costs nothing.
+template <class T, int Hi1, int Hi2> class Array2 {
+  public:
+    static constexpr int Upper1 = Hi1;
+    static constexpr int Upper2 = Hi2;
+
+    T& operator()(int i, int j) { return Column(j)(i); }
+    const T& operator()(int i, int j) const { return Column(j)(i); }
+    // The highest i of column j that may hold something other than the empty value; -1 if none.
+    int Top(int j) const { return Column(j).Top(); }
+    void Fill(const T& value) {
+        for (auto& column : columns_)
+            column.Fill(value);
+    }
+    // Cells (0..Hi1, j) set to the value.
+    void FillColumn(int j, const T& value) { Column(j).Fill(value); }
+
+  private:
+    HeapArray<T, Hi1>& Column(int j) {
+        if (j < 0 || j > Hi2) throw SubscriptError();
+        return columns_[static_cast<std::size_t>(j)];
+    }
+    const HeapArray<T, Hi1>& Column(int j) const {
+        if (j < 0 || j > Hi2) throw SubscriptError();
+        return columns_[static_cast<std::size_t>(j)];
+    }
+    std::array<HeapArray<T, Hi1>, Hi2 + 1> columns_;
 };
 
 // Per-slot arrays are declared 0..10; only 0..4 are reachable through the rows.

@@ -35,7 +35,11 @@ int LetterPosition(const Session& s, const std::string& letter);
 
 // Token i of the active row; the empty string for a cell outside the row (before cell 0 or past
 // cell 2000), which is what an empty cell reads as.
-const std::string& ActiveToken(const Session& s, int i);
+inline const std::string& ActiveToken(const Session& s, int i) {
+    static const std::string empty;
+    if (i < 0 || i > CellUpper) return empty;
+    return s.EntryTokens(i, s.ActiveSlot);
+}
 
 // The row's tokens joined.
 std::string EntryText(const Session& s, int slot);

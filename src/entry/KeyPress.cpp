@@ -42,22 +42,22 @@ bool PassesKeyMask(int mask, const std::string& key) {
     auto on = [mask](int bit) { return (mask & (1 << bit)) != 0; };
     if (IsNumeric(key)) return on(DigitBit);
     if (IsSign(key)) return on(SignBit);
-    if (key == "*") return on(TimesBit);
-    if (key == "/") return on(SlashBit);
-    if (key == "^") return on(CaretBit);
-    if (key == ")" || key == "(") return on(ParenBit);
-    if (key == "=") return on(EqualsBit);
+    if (key == '*'_tok) return on(TimesBit);
+    if (key == '/'_tok) return on(SlashBit);
+    if (key == '^'_tok) return on(CaretBit);
+    if (key == ')'_tok || key == '('_tok) return on(ParenBit);
+    if (key == '='_tok) return on(EqualsBit);
     if (IsLetter(key)) {
         // Of the letters only the variable, pi and the three functions are keys.
-        return on(LetterBit) &&
-               (key == "x" || key == "X" || key == "S" || key == "C" || key == "T" || key == "P");
+        return on(LetterBit) && (key == 'x'_tok || key == 'X'_tok || key == 'S'_tok ||
+                                 key == 'C'_tok || key == 'T'_tok || key == 'P'_tok);
     }
-    if (key == "~") return on(RootBit);
-    if (key == "|") return on(BarBit);
-    if (key == ".") return on(PointBit);
-    if (key == ",") return on(CommaBit);
-    if (key == ":") return on(ColonBit);
-    if (key == "%") return on(PercentBit);
+    if (key == '~'_tok) return on(RootBit);
+    if (key == '|'_tok) return on(BarBit);
+    if (key == '.'_tok) return on(PointBit);
+    if (key == ','_tok) return on(CommaBit);
+    if (key == ':'_tok) return on(ColonBit);
+    if (key == '%'_tok) return on(PercentBit);
     return false;
 }
 
@@ -72,10 +72,10 @@ void Backspace(Session& s) {
     const int slot = s.ActiveSlot;
     const std::string last = ActiveToken(s, s.TokenCount(slot) - 1);
     s.KeyAccepted = true;
-    if (last == "~" && s.InRoot(slot)) s.InRoot(slot) = false;
-    if (last == "=") s.EqualsEntered = false;
-    if (last == "^" || last == "?") s.InExponent(slot) = false;
-    if (last == "|") {
+    if (last == '~'_tok && s.InRoot(slot)) s.InRoot(slot) = false;
+    if (last == '='_tok) s.EqualsEntered = false;
+    if (last == '^'_tok || last == '?'_tok) s.InExponent(slot) = false;
+    if (last == '|'_tok) {
         // A closing bar goes and the bar is open again; an opening bar goes with its bar.
         if (!s.BarOpen(slot)) {
             s.BarOpen(slot) = true;
@@ -85,14 +85,14 @@ void Backspace(Session& s) {
             s.OpenBars(slot) -= 1;
         }
     }
-    if (last == ")") s.OpenParens(slot) += 1;
-    if (last == "(") {
+    if (last == ')'_tok) s.OpenParens(slot) += 1;
+    if (last == '('_tok) {
         s.OpenParens(slot) -= 1;
         // A function and its parenthesis always go together: the "(" goes now, the name below.
         if (s.TokenCount(slot) >= 2 && IsTrigToken(ActiveToken(s, s.TokenCount(slot) - 2)))
             RemoveLastToken(s, slot);
     }
-    if (ActiveToken(s, s.TokenCount(slot) - 1) == "/") {
+    if (ActiveToken(s, s.TokenCount(slot) - 1) == '/'_tok) {
         s.InFraction(slot) = false;
         s.FractionSide = 0;
     }
@@ -100,7 +100,7 @@ void Backspace(Session& s) {
     // An exponent mark never stays behind with nothing after it.
     if (s.TokenCount(slot) > 0) {
         const std::string& now = ActiveToken(s, s.TokenCount(slot) - 1);
-        if (now == "^" || now == "?") {
+        if (now == '^'_tok || now == '?'_tok) {
             s.InExponent(slot) = false;
             RemoveLastToken(s, slot);
         }
@@ -123,32 +123,32 @@ void Rescan(Session& s) {
         const std::string& c = ActiveToken(s, i);
         // The first token is its own predecessor; the rules below depend on that.
         const std::string& p = ActiveToken(s, i == 0 ? 0 : i - 1);
-        if (c == "^") {
+        if (c == '^'_tok) {
             expNow = true;
             expDepth = parenRun;
             s.NumberHasPoint = false;
-        } else if (c == ".") {
+        } else if (c == '.'_tok) {
             s.NumberHasPoint = true;
-        } else if (c == "(" && p == "^") {
+        } else if (c == '('_tok && p == '^'_tok) {
             // The parenthesis belongs to the exponent.
             expDepth = parenRun;
             parenRun += 1;
             s.NumberHasPoint = false;
-        } else if (c == "(") {
+        } else if (c == '('_tok) {
             if (!IsTrigToken(p) && expDepth == parenRun) expNow = false;
             parenRun += 1;
             s.NumberHasPoint = false;
-        } else if (c == ")") {
+        } else if (c == ')'_tok) {
             if (expDepth == parenRun) expNow = false;
             if (s.InRoot(slot) && rootDepth == parenRun) s.InRoot(slot) = false;
             parenRun -= 1;
             s.NumberHasPoint = false;
-        } else if (c == "~") {
+        } else if (c == '~'_tok) {
             rootDepth = parenRun;
             expNow = false;
             s.InRoot(slot) = true;
             s.NumberHasPoint = false;
-        } else if (c == "|") {
+        } else if (c == '|'_tok) {
             s.NumberHasPoint = false;
             if (barRun) {
                 barRun = false;
@@ -163,20 +163,20 @@ void Rescan(Session& s) {
                     expNow = false;
                 }
             }
-            barAfterCaret = p == "^";
+            barAfterCaret = p == '^'_tok;
         } else {
             const bool a = !(IsOperator(c) && expNow && expDepth == parenRun && !barAfterCaret);
-            if (!a && p != "^") {
+            if (!a && p != '^'_tok) {
                 // An operator at the exponent's own level ends the exponent.
                 expNow = false;
                 s.NumberHasPoint = false;
                 if (parenRun == rootDepth && !barRun) s.InRoot(slot) = false;
             } else {
                 const bool b = !(IsOperator(c) && s.InRoot(slot) && rootDepth == parenRun);
-                const bool cc = p == "^" || rootDepth != 0;
-                if (cc && (p == "~" || b || p == "^")) {
+                const bool cc = p == '^'_tok || rootDepth != 0;
+                if (cc && (p == '~'_tok || b || p == '^'_tok)) {
                     if (IsOperator(c)) s.NumberHasPoint = false;
-                } else if ((c != "-" || p != "~") && !IsLetter(c) && !IsNumeric(c)) {
+                } else if ((c != '-'_tok || p != '~'_tok) && !IsLetter(c) && !IsNumeric(c)) {
                     s.NumberHasPoint = false;
                     if (rootDepth == parenRun) s.InRoot(slot) = false;
                 }
@@ -196,7 +196,7 @@ void KeyIntoRow(Session& s, int keyAscii) {
     const int slot = s.ActiveSlot;
     if (keyAscii != BackspaceKey && s.KeyAccepted) {
         CollectLetters(s);
-        if (key == "X") key = "x";
+        if (key == 'X'_tok) key = "x";
         if (IsTrigToken(key) && !s.TrigFromMenu) {
             // Typed, these letters do nothing; only the Insert commands and a load send them.
             s.KeyAccepted = false;

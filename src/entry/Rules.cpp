@@ -80,7 +80,7 @@ RuleView MakeView(const Session& s) {
 
 bool DigitRule(Session& s, const RuleView& v) {
     const std::string& g = v.g;
-    const bool f = IsNumberFraction(g) || (g == "/" && IsNumeric(v.g4));
+    const bool f = IsNumberFraction(g) || (g == '/'_tok && IsNumeric(v.g4));
     // Digits before the point (or of the whole number), after the point, of a denominator.
     int d1 = 0, d2 = 0, d3 = 0;
     if (!Holds(g, '.')) {
@@ -117,7 +117,8 @@ bool DigitRule(Session& s, const RuleView& v) {
     if (d1 >= MaxDigits || d2 >= 3 || d3 >= MaxDigits) return false;
     if (s.InExponent(v.slot) && d1 > 1) return false;
     // No digit follows a letter, ")" or a closing bar.
-    if (IsLetter(v.prev) || v.prev == ")" || (v.prev == "|" && !s.BarOpen(v.slot))) return false;
+    if (IsLetter(v.prev) || v.prev == ')'_tok || (v.prev == '|'_tok && !s.BarOpen(v.slot)))
+        return false;
     return true;
 }
 
@@ -128,12 +129,12 @@ bool LetterRule(Session& s, const RuleView& v, const std::string& key) {
     const int n = LetterPosition(s, key);
     const bool a = !(v.prev == key || (s.LetterCount > MaxLetters && n == 0));
     const bool b = !(!IsTrigToken(key) && IsLetter(v.prev) && MaxLetters < 3);
-    if (a && b && v.prev != ")" && v.prev != ".") {
+    if (a && b && v.prev != ')'_tok && v.prev != '.'_tok) {
         // Walk back through the current product: a letter may not stand twice in it.
         for (int j = std::max(v.count - 1, 0); j >= 0; --j) {
             const std::string& t = ActiveToken(s, j);
-            if (j == 0 || IsOperator(t) || t == "(" || t == "=" || t == "~" || t == "^" ||
-                t == "|") {
+            if (j == 0 || IsOperator(t) || t == '('_tok || t == '='_tok || t == '~'_tok ||
+                t == '^'_tok || t == '|'_tok) {
                 s.NumberHasPoint = false;
                 return true;
             }
@@ -142,14 +143,15 @@ bool LetterRule(Session& s, const RuleView& v, const std::string& key) {
         return false;
     }
     // x may follow pi; nothing else gets past the tests above.
-    return v.prev == "P";
+    return v.prev == 'P'_tok;
 }
 
 bool FractionRule(Session& s, const RuleView& v) {
     if (v.count == 0) return false;
-    if (IsOperator(v.prev) || v.prev == "(" || v.prev == "^" || v.prev == "~" || v.prev == ".")
+    if (IsOperator(v.prev) || v.prev == '('_tok || v.prev == '^'_tok || v.prev == '~'_tok ||
+        v.prev == '.'_tok)
         return false;
-    if (v.prev == "|" && s.BarOpen(v.slot)) return false; // straight after an opening bar
+    if (v.prev == '|'_tok && s.BarOpen(v.slot)) return false; // straight after an opening bar
     s.NumberHasPoint = false;
     s.InFraction(v.slot) = true;
     s.SavedFractionSide = s.FractionSide != 0;
@@ -163,7 +165,7 @@ bool RootRule(Session& s, const RuleView& v) {
     if (s.InRoot(v.slot)) return false; // roots do not nest in a row
     if (v.count > 0) {
         const bool admitted = IsNumeric(v.prev) || IsOperator(v.prev) || IsLetter(v.prev) ||
-                              v.prev == "(" || v.prev == "|" || v.prev == "^";
+                              v.prev == '('_tok || v.prev == '|'_tok || v.prev == '^'_tok;
         if (!admitted) return false;
     }
     s.InRoot(v.slot) = true;
@@ -174,27 +176,28 @@ bool RootRule(Session& s, const RuleView& v) {
 bool OperatorRule(Session& s, const RuleView& v, const std::string& key) {
     // An operator ends the exponent, even if it is refused below; a minus straight after "^"
     // (or after "^-") is the exponent's sign.
-    if (s.InExponent(v.slot) && v.prev != "^" && !(v.prev2 == "^" && v.prev == "-"))
+    if (s.InExponent(v.slot) && v.prev != '^'_tok && !(v.prev2 == '^'_tok && v.prev == '-'_tok))
         s.InExponent(v.slot) = false;
-    if (key != "-" && v.prev == "~") return false; // only a minus may open a root
-    if (key == "-" && v.prev == "(") {
+    if (key != '-'_tok && v.prev == '~'_tok) return false; // only a minus may open a root
+    if (key == '-'_tok && v.prev == '('_tok) {
         s.NumberHasPoint = false;
         s.InRoot(v.slot) = false;
         return true;
     }
-    if (key == "+" && (v.count == 0 || s.InExponent(v.slot))) return false;
-    if (key == "*" &&
-        (s.InExponent(v.slot) || v.count == 0 || (v.prev == "|" && s.BarOpen(v.slot))))
+    if (key == '+'_tok && (v.count == 0 || s.InExponent(v.slot))) return false;
+    if (key == '*'_tok &&
+        (s.InExponent(v.slot) || v.count == 0 || (v.prev == '|'_tok && s.BarOpen(v.slot))))
         return false;
-    if (IsOperator(v.prev) || v.prev == "(") return false;
+    if (IsOperator(v.prev) || v.prev == '('_tok) return false;
     s.NumberHasPoint = false;
     s.InFraction(v.slot) = false;
-    if (v.prev != "~") s.InRoot(v.slot) = false;
+    if (v.prev != '~'_tok) s.InRoot(v.slot) = false;
     return true;
 }
 
 bool ClosingParenRule(Session& s, const RuleView& v) {
-    if (v.prev == "(" || v.prev == "^" || v.prev == "?" || v.prev == "." || IsOperator(v.prev))
+    if (v.prev == '('_tok || v.prev == '^'_tok || v.prev == '?'_tok || v.prev == '.'_tok ||
+        IsOperator(v.prev))
         return false;
     if (s.OpenParens(v.slot) == 0) return false;
     // A bar opened inside these parentheses has to close first.
@@ -208,11 +211,11 @@ bool ClosingParenRule(Session& s, const RuleView& v) {
 }
 
 bool ExponentRule(Session& s, const RuleView& v) {
-    const bool c = !(v.prev == "|" && s.LastBarClosed);
+    const bool c = !(v.prev == '|'_tok && s.LastBarClosed);
     if (s.InExponent(v.slot)) return false; // an exponent holds no exponent
-    const bool accepted = IsLetter(v.prev) || (IsNumeric(v.prev) && v.prev2 != "?") ||
-                          v.prev == ")" ||
-                          (v.prev == "|" && !c && !s.BarOpen(v.slot) && !s.BarInExponent(v.slot));
+    const bool accepted =
+        IsLetter(v.prev) || (IsNumeric(v.prev) && v.prev2 != '?'_tok) || v.prev == ')'_tok ||
+        (v.prev == '|'_tok && !c && !s.BarOpen(v.slot) && !s.BarInExponent(v.slot));
     if (!accepted) return false;
     s.NumberHasPoint = false;
     s.InExponent(v.slot) = true;
@@ -223,9 +226,9 @@ bool OpeningParenRule(Session& s, const RuleView& v) {
     // The first two tokens of a row may always be "(".
     if (v.count >= 2) {
         if (s.BarParenDepth(v.slot) < s.OpenParens(v.slot) && s.BarInExponent(v.slot)) return false;
-        if (v.prev == "(" && v.prev2 == "(") return false;
-        if (v.prev == "(" && s.InExponent(v.slot)) return false;
-        if (v.prev == ")") return false; // no ")(" in a row
+        if (v.prev == '('_tok && v.prev2 == '('_tok) return false;
+        if (v.prev == '('_tok && s.InExponent(v.slot)) return false;
+        if (v.prev == ')'_tok) return false; // no ")(" in a row
         // Three deep at most. The count never passes 3, so ">=" only guards the ParenSide table.
         if (s.OpenParens(v.slot) >= 3) return false;
     }
@@ -236,10 +239,11 @@ bool OpeningParenRule(Session& s, const RuleView& v) {
 }
 
 bool PointAndBarRule(Session& s, const RuleView& v, const std::string& key) {
-    const bool p = key != "." || s.NumberHasPoint;
+    const bool p = key != '.'_tok || s.NumberHasPoint;
     if ((v.count > 0 && !IsNumeric(v.prev) && !IsOperator(v.prev)) || p) {
-        if (key == "|" && s.BarOpen(v.slot) && s.BarParenDepth(v.slot) == s.OpenParens(v.slot) &&
-            !(IsOperator(v.prev) || v.prev == "|" || v.prev == "^" || v.prev == ".")) {
+        if (key == '|'_tok && s.BarOpen(v.slot) &&
+            s.BarParenDepth(v.slot) == s.OpenParens(v.slot) &&
+            !(IsOperator(v.prev) || v.prev == '|'_tok || v.prev == '^'_tok || v.prev == '.'_tok)) {
             // The closing bar, at the depth where it opened.
             s.BarOpen(v.slot) = false;
             s.LastBarClosed = true;
@@ -248,10 +252,10 @@ bool PointAndBarRule(Session& s, const RuleView& v, const std::string& key) {
             s.NumberHasPoint = false;
             return true;
         }
-        if (key == "|" && !s.BarOpen(v.slot)) {
+        if (key == '|'_tok && !s.BarOpen(v.slot)) {
             const bool admitted = IsSign(v.prev) || IsNumeric(v.prev) || IsLetter(v.prev) ||
-                                  v.prev == "(" || v.prev == "^" || v.prev == "~" ||
-                                  v.prev == "/" || v.prev == "*";
+                                  v.prev == '('_tok || v.prev == '^'_tok || v.prev == '~'_tok ||
+                                  v.prev == '/'_tok || v.prev == '*'_tok;
             if (v.count > 0 && !admitted) return false;
             s.BarOpen(v.slot) = true;
             s.LastBarClosed = false;
@@ -261,17 +265,17 @@ bool PointAndBarRule(Session& s, const RuleView& v, const std::string& key) {
             s.BarInExponent(v.slot) = s.InExponent(v.slot);
             return true;
         }
-        if (key != ".") return false;
+        if (key != '.'_tok) return false;
         if (s.NumberHasPoint) return false;
-        if (!(v.prev == "|" || v.prev == "~" || v.prev == "(" || s.InExponent(v.slot)))
+        if (!(v.prev == '|'_tok || v.prev == '~'_tok || v.prev == '('_tok || s.InExponent(v.slot)))
             return false;
-        if (v.prev == "." || IsLetter(v.prev) || v.prev == ")") return false;
-        if (v.prev == "|" && !s.BarOpen(v.slot)) return false;
+        if (v.prev == '.'_tok || IsLetter(v.prev) || v.prev == ')'_tok) return false;
+        if (v.prev == '|'_tok && !s.BarOpen(v.slot)) return false;
         s.NumberHasPoint = true;
         return true;
     }
     // A point that starts a number or follows a digit.
-    if (!Holds(v.g, '.') || v.prev == ".") {
+    if (!Holds(v.g, '.') || v.prev == '.'_tok) {
         s.NumberHasPoint = true;
         return true;
     }
@@ -287,23 +291,17 @@ bool PointAndBarRule(Session& s, const RuleView& v, const std::string& key) {
 
 } // namespace
 
-const std::string& ActiveToken(const Session& s, int i) {
-    static const std::string empty;
-    if (i < 0 || i > CellUpper) return empty;
-    return s.EntryTokens(i, s.ActiveSlot);
-}
-
 bool CheckKey(Session& s, const std::string& key) {
     const RuleView v = MakeView(s);
-    if (key == "P" && IsLetter(v.prev)) return false;
+    if (key == 'P'_tok && IsLetter(v.prev)) return false;
     if (IsDigitKey(key)) return DigitRule(s, v);
     if (IsLetter(key)) return LetterRule(s, v, key);
-    if (key == "/") return FractionRule(s, v);
-    if (key == "~") return RootRule(s, v);
-    if (IsOperator(key) && v.prev != ".") return OperatorRule(s, v, key);
-    if (key == ")") return ClosingParenRule(s, v);
-    if (key == "^") return ExponentRule(s, v);
-    if (key == "(" && v.prev != ".") return OpeningParenRule(s, v);
+    if (key == '/'_tok) return FractionRule(s, v);
+    if (key == '~'_tok) return RootRule(s, v);
+    if (IsOperator(key) && v.prev != '.'_tok) return OperatorRule(s, v, key);
+    if (key == ')'_tok) return ClosingParenRule(s, v);
+    if (key == '^'_tok) return ExponentRule(s, v);
+    if (key == '('_tok && v.prev != '.'_tok) return OpeningParenRule(s, v);
     // "." and "|", and an operator or "(" straight after ".", which this refuses.
     return PointAndBarRule(s, v, key);
 }
@@ -323,21 +321,21 @@ void GroupTokens(Session& s) {
         const std::string& c = ActiveToken(s, i);
         const std::string& n = ActiveToken(s, i + 1);
         const std::string& b = ActiveToken(s, i - 1);
-        if (IsNumeric(c) || c == ".") {
+        if (IsNumeric(c) || c == '.'_tok) {
             if (!inNumber) {
                 inNumber = true;
                 group(++g) = c;
             } else {
                 group(g) += c;
             }
-        } else if (c == "^" || c == "?") {
+        } else if (c == '^'_tok || c == '?'_tok) {
             afterPower = true;
             inNumber = false;
             group(++g) = c;
         } else if (c.empty()) {
             // nothing
-        } else if (c == "/") {
-            if (b == ")" || n == "(" || afterPower || !inNumber) {
+        } else if (c == '/'_tok) {
+            if (b == ')'_tok || n == '('_tok || afterPower || !inNumber) {
                 group(++g) = c;
                 inNumber = false;
             } else if (IsNumberFraction(group(g))) {
@@ -345,7 +343,7 @@ void GroupTokens(Session& s) {
                 inNumber = false;
             } else if (IsLetter(n)) {
                 group(++g) = c;
-            } else if (group(std::max(g - 2, 0)) == "^" || !IsNumeric(n)) {
+            } else if (group(std::max(g - 2, 0)) == '^'_tok || !IsNumeric(n)) {
                 group(++g) = c;
                 inNumber = false;
             } else {

@@ -1,25 +1,28 @@
 #include "entry/TokenText.h"
 
 #include <array>
-#include <string_view>
 
 #include "base/NumberText.h"
 
 namespace vt {
 
-// Tokens are compared with literals as views: the length first, then the characters.
-using namespace std::string_view_literals;
-
 bool IsLetter(const std::string& s) {
-    return (s >= "A" && s <= "Z") || (s >= "a" && s <= "z");
+    // The same test as s >= "A" && s <= "Z" (or the small letters), done on the first
+    // character: past it only "Z" or "z" itself may stand alone, and "Za" is beyond "Z".
+    if (s.empty()) return false;
+    const auto c = static_cast<unsigned char>(s[0]);
+    const auto within = [&](unsigned char first, unsigned char last) {
+        return c >= first && (c < last || (c == last && s.size() == 1));
+    };
+    return within('A', 'Z') || within('a', 'z');
 }
 
 bool IsOperator(const std::string& s) {
-    return s == "-"sv || s == "+"sv || s == "*"sv || s == "/"sv;
+    return s == '-'_tok || s == '+'_tok || s == '*'_tok || s == '/'_tok;
 }
 
 bool IsSign(const std::string& s) {
-    return s == "-"sv || s == "+"sv;
+    return s == '-'_tok || s == '+'_tok;
 }
 
 bool IsNumberFraction(const std::string& s) {
@@ -44,7 +47,7 @@ bool IsNumeric(const std::string& s) {
 }
 
 bool IsTrigToken(const std::string& s) {
-    return s == "S"sv || s == "C"sv || s == "T"sv;
+    return s == 'S'_tok || s == 'C'_tok || s == 'T'_tok;
 }
 
 } // namespace vt

@@ -5,6 +5,18 @@
 
 namespace vt {
 
+// A one-character token to compare a token with: tok == '^'_tok holds when tok is exactly "^".
+// The length and the one character decide, which is all a token comparison needs.
+struct TokenChar {
+    char c;
+};
+constexpr TokenChar operator""_tok(char c) {
+    return {c};
+}
+inline bool operator==(const std::string& s, TokenChar t) {
+    return s.size() == 1 && s[0] == t.c;
+}
+
 // s compares, as a whole string in binary order, between "A" and "Z" or between "a" and "z".
 // So "S", "x" and also "abs(" are letters.
 bool IsLetter(const std::string& s);

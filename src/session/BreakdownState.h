@@ -11,29 +11,6 @@
 
 namespace vt {
 
-// A one-dimensional table Lo..Hi kept on the heap: the breakdown's tables are too large to stand
-// inside a session that lives on the stack.
-template <class T, int Lo, int Hi> class HeapArray1 {
-  public:
-    static constexpr int Lower = Lo;
-    static constexpr int Upper = Hi;
-
-    HeapArray1() : cells_(static_cast<std::size_t>(Hi - Lo + 1)) {}
-
-    T& operator()(int i) {
-        if (i < Lo || i > Hi) throw SubscriptError();
-        return cells_[static_cast<std::size_t>(i - Lo)];
-    }
-    const T& operator()(int i) const {
-        if (i < Lo || i > Hi) throw SubscriptError();
-        return cells_[static_cast<std::size_t>(i - Lo)];
-    }
-    void Fill(const T& value) { std::fill(cells_.begin(), cells_.end(), value); }
-
-  private:
-    std::vector<T> cells_;
-};
-
 // Bounds of the tables.
 constexpr int BreakdownGroupUpper = 20;
 constexpr int BreakdownPartUpper = 50;
@@ -41,7 +18,7 @@ constexpr int BreakdownTermUpper = 100;
 constexpr int BreakdownRowUpper = 100;
 constexpr int BreakdownFactorUpper = 10;
 
-using BreakdownTokenList = HeapArray1<std::string, 0, CellUpper>;
+using BreakdownTokenList = HeapArray<std::string, CellUpper>;
 
 // One term: a signed rational coefficient and the letters it multiplies. A record nobody has
 // cleared yet holds zeros and empty texts, not the start values that ClearBreakdown writes.
@@ -81,7 +58,7 @@ struct BreakdownRow {
 };
 
 struct BreakdownGroupRecord {
-    HeapArray1<BreakdownRow, 0, BreakdownRowUpper> Rows;
+    HeapArray<BreakdownRow, BreakdownRowUpper> Rows;
     int RowCount = 0; // highest part in use
 };
 
@@ -125,7 +102,7 @@ struct BreakdownState {
     int MaxBreakdownGroup = 0;
     Array2<int, 50, 50> TermCount{};       // (group, part): the part's current term
     Array2<int, 100, 100> PartIsProduct{}; // (group, part): a "*" stood in the part
-    HeapArray1<BreakdownGroupRecord, 0, BreakdownGroupUpper> BreakdownExpr;
+    HeapArray<BreakdownGroupRecord, BreakdownGroupUpper> BreakdownExpr;
     BreakdownTermTable BreakdownTerm;
     int SideFirst = 0, SideLast = 0, SideRelation = 0;
 

@@ -1,16 +1,12 @@
 #include "translate/Graphable.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "entry/Entry.h"
 #include "entry/TokenText.h"
 
 namespace vt {
-
-// Tokens are compared with literals as views: the length first, then the characters.
-using namespace std::string_view_literals;
 
 namespace {
 
@@ -36,16 +32,17 @@ struct BuilderRun {
     BuilderRun(Session& session, int activeSlot) : s(session), slot(activeSlot) {}
 
     std::string& Cell(int k) { return s.BuildTokens(k); }
-    // A cell only read: reading leaves the grid's highest used cell where it is.
+    // Cells only read: reading leaves the grid's highest used cell where it is.
     const std::string& Read(int k) const { return std::as_const(s.BuildTokens)(k); }
+    const std::string& Source(int k) const { return std::as_const(s.BuildSource)(k); }
 
     bool FractionHere() const { return s.FractionOpen(slot) && fractionLevel == level; }
     bool ExponentHere() const { return s.ExponentOpen(slot) && exponentLevel == level; }
     bool RootHere() const { return s.RootOpen(slot) && rootLevel == level; }
 
     void CopyToken(int i) {
-        if (s.BuildSource(i).empty()) return;
-        Cell(s.BuildPos) = s.BuildSource(i);
+        if (Source(i).empty()) return;
+        Cell(s.BuildPos) = Source(i);
         s.BuildPos += 4;
     }
 
@@ -59,15 +56,15 @@ struct BuilderRun {
     // joins closers, and the slot's flag for the group goes off. A fraction may be kept open.
     void CloseAtMarker(const std::string& cell, Closing& want, std::string& closers,
                        bool fractionMayClose = true) {
-        if (cell == "^"sv && want.exponent) {
+        if (cell == '^'_tok && want.exponent) {
             closers += "^";
             s.ExponentOpen(slot) = false;
             want.exponent = false;
-        } else if (cell == "#"sv && want.fraction && fractionMayClose) {
+        } else if (cell == '#'_tok && want.fraction && fractionMayClose) {
             closers += "#";
             s.FractionOpen(slot) = false;
             want.fraction = false;
-        } else if (cell == "~"sv && want.root) {
+        } else if (cell == '~'_tok && want.root) {
             closers += "~";
             s.RootOpen(slot) = false;
             want.root = false;
@@ -85,7 +82,7 @@ struct BuilderRun {
         for (int k = i; k >= 1 && want.Any(); --k) {
             const std::string& cell = Cell(k);
             if (allowed) CloseAtMarker(cell, want, closers);
-            if (cell == "|"sv && inBar) allowed = false;
+            if (cell == '|'_tok && inBar) allowed = false;
         }
         for (int a = 1; a <= 3; ++a) {
             if (a > static_cast<int>(closers.size())) break;
@@ -107,7 +104,7 @@ struct BuilderRun {
         std::string closers;
         for (int k = i; k >= 1 && want.Any(); --k) {
             const std::string& cell = Cell(k);
-            if (cell == "|"sv) break;
+            if (cell == '|'_tok) break;
             CloseAtMarker(cell, want, closers);
         }
         Cell(s.BuildPos - 3) = closers;
@@ -120,13 +117,13 @@ struct BuilderRun {
     void CloseGroupsBeforeBar(int i, bool closeFraction, bool closeRoot, bool closeExponent) {
         const std::string& before = Cell(i - 4);
         const std::string& before2 = Cell(i < 8 ? 0 : i - 8);
-        const bool keepOpen = before == "^"sv || before == "~"sv ||
-                              (before == "-"sv && (before2 == "^"sv || before2 == "~"sv));
+        const bool keepOpen = before == '^'_tok || before == '~'_tok ||
+                              (before == '-'_tok && (before2 == '^'_tok || before2 == '~'_tok));
         std::string closers;
         if (!keepOpen) {
             Closing want{closeFraction, closeRoot, closeExponent};
             for (int k = i; k >= 1 && want.Any(); --k)
-                CloseAtMarker(Cell(k), want, closers, before != "/"sv);
+                CloseAtMarker(Cell(k), want, closers, before != '/'_tok);
         }
         Cell(s.BuildPos - 3) = closers;
         CopyToken(i);
@@ -138,23 +135,23 @@ struct BuilderRun {
         int offset = 3;
         for (int k = s.BuildPos; k >= 1; --k) {
             const std::string& cell = Cell(k);
-            if (cell == "^"sv && s.ExponentOpen(slot)) {
+            if (cell == '^'_tok && s.ExponentOpen(slot)) {
                 Cell(s.BuildPos - offset) = "^";
                 --offset;
                 s.ExponentOpen(slot) = false;
-            } else if (cell == "#"sv && s.FractionOpen(slot)) {
+            } else if (cell == '#'_tok && s.FractionOpen(slot)) {
                 Cell(s.BuildPos - offset) = "#";
                 --offset;
                 fractionWasClosed = true;
                 s.FractionOpen(slot) = false;
-            } else if (cell == "~"sv && s.RootOpen(slot)) {
+            } else if (cell == '~'_tok && s.RootOpen(slot)) {
                 Cell(s.BuildPos - offset) = "~";
                 --offset;
                 s.RootOpen(slot) = false;
             } else if (const bool moveEarlierClose =
-                           Cell(lastFractionClose) == "#"sv && fractionWasClosed;
+                           Cell(lastFractionClose) == '#'_tok && fractionWasClosed;
                        moveEarlierClose ||
-                       (cell == "/"sv && !s.ExponentOpen(slot) && s.FractionOpen(slot))) {
+                       (cell == '/'_tok && !s.ExponentOpen(slot) && s.FractionOpen(slot))) {
                 if (!moveEarlierClose) {
                     Cell(s.BuildPos - offset) = "#";
                     lastFractionClose = s.BuildPos - offset;
@@ -164,9 +161,9 @@ struct BuilderRun {
                     Cell(lastFractionClose) = "";
                     s.FractionOpen(slot) = true;
                 }
-            } else if (cell == ")"sv) {
+            } else if (cell == ')'_tok) {
                 ++depth;
-            } else if (cell == "("sv) {
+            } else if (cell == '('_tok) {
                 if (depth == level) break;
                 --depth;
             }
@@ -176,7 +173,7 @@ struct BuilderRun {
     // A "/" makes the whole term since the last boundary the numerator; fraction markers inside
     // that term are dropped, so a/b/c is one group with two slashes.
     void Slash(int i, const std::string& prev) {
-        const bool guard = prev != "^"sv && prev != "~"sv;
+        const bool guard = prev != '^'_tok && prev != '~'_tok;
         CloseGroups(i, FractionHere() && guard, RootHere() && guard, ExponentHere() && guard);
         const int p = s.TermStart(level, barDepth);
         if (!s.ExponentOpen(slot) && !s.FractionOpen(slot)) {
@@ -185,23 +182,23 @@ struct BuilderRun {
                 Cell(p + 1) = "#";
             } else {
                 fractionLevel = level;
-                if (Cell(p + 1) != "#"sv && Cell(p + 2) != "#"sv && Cell(p + 3) != "#"sv)
+                if (Cell(p + 1) != '#'_tok && Cell(p + 2) != '#'_tok && Cell(p + 3) != '#'_tok)
                     Cell(p + 1) = "#";
             }
             s.FractionOpen(slot) = true;
         }
         for (int k = s.BuildPos; k >= p + 4; --k)
-            if (Cell(k) == "#"sv) Cell(k) = "";
+            if (Cell(k) == '#'_tok) Cell(k) = "";
     }
 
     void ScanToken(int i) {
-        const std::string& tok = s.BuildSource(i);
-        const std::string& prev = s.BuildSource(i - 4);
-        const std::string& prev2 = s.BuildSource(i < 8 ? 0 : i - 8);
-        const bool guard = prev != "^"sv && prev != "~"sv;
-        const bool afterSignedCaret = prev == "-"sv && prev2 == "^"sv;
+        const std::string& tok = Source(i);
+        const std::string& prev = Source(i - 4);
+        const std::string& prev2 = Source(i < 8 ? 0 : i - 8);
+        const bool guard = prev != '^'_tok && prev != '~'_tok;
+        const bool afterSignedCaret = prev == '-'_tok && prev2 == '^'_tok;
 
-        if (tok == "^"sv || tok == "?"sv) {
+        if (tok == '^'_tok || tok == '?'_tok) {
             Cell(s.BuildPos) = "^";
             s.BuildPos += 4;
             exponentLevel = level;
@@ -213,7 +210,7 @@ struct BuilderRun {
             }
             Cell(s.BuildPos - 3) = "#";
             CopyToken(i);
-            const std::string& next = s.BuildSource(i + 4);
+            const std::string& next = Source(i + 4);
             if (!next.empty() && !IsOperator(next)) {
                 // The fraction stays open over the factors that follow.
                 s.FractionOpen(slot) = true;
@@ -221,58 +218,58 @@ struct BuilderRun {
             } else {
                 Cell(s.BuildPos - 3) = "#";
             }
-        } else if (tok == "-"sv) {
+        } else if (tok == '-'_tok) {
             CloseGroups(i, FractionHere() && guard, RootHere() && guard, ExponentHere() && guard);
-            if (prev != "~"sv && !s.ExponentOpen(slot)) s.TermStart(level, barDepth) = i;
-        } else if (tok == "+"sv || tok == "="sv) {
+            if (prev != '~'_tok && !s.ExponentOpen(slot)) s.TermStart(level, barDepth) = i;
+        } else if (tok == '+'_tok || tok == '='_tok) {
             CloseGroups(i, FractionHere(), RootHere(), ExponentHere());
             s.TermStart(level, barDepth) = i;
-        } else if (tok == "~"sv) {
-            const bool keep = prev == "^"sv || prev == "/"sv || afterSignedCaret;
+        } else if (tok == '~'_tok) {
+            const bool keep = prev == '^'_tok || prev == '/'_tok || afterSignedCaret;
             CloseGroups(i, FractionHere() && !keep, RootHere() && !keep, ExponentHere() && !keep);
             s.RootOpen(slot) = true;
             rootLevel = level;
-        } else if (tok == "("sv) {
-            if (IsTrigToken(prev) || prev == "/"sv) {
+        } else if (tok == '('_tok) {
+            if (IsTrigToken(prev) || prev == '/'_tok) {
                 CopyToken(i);
             } else {
                 bool closeFraction = FractionHere() && guard;
                 bool closeRoot = RootHere() && guard;
                 bool closeExponent = ExponentHere() && guard;
-                if (prev == "-"sv && prev2 == "~"sv) closeRoot = false;
+                if (prev == '-'_tok && prev2 == '~'_tok) closeRoot = false;
                 if (afterSignedCaret) closeFraction = closeRoot = closeExponent = false;
                 CloseGroups(i, closeFraction, closeRoot, closeExponent);
             }
             ++level;
             s.TermStart(level, barDepth) = i;
-        } else if (tok == ")"sv) {
+        } else if (tok == ')'_tok) {
             CloseAtParen();
             --level;
             CopyToken(i);
-        } else if (tok == "P"sv) {
+        } else if (tok == 'P'_tok) {
             Cell(s.BuildPos) = "`";
             s.BuildPos += 4;
-        } else if (tok == "/"sv) {
+        } else if (tok == '/'_tok) {
             Slash(i, prev);
-        } else if (IsNumeric(tok) && tok != "1"sv) {
+        } else if (IsNumeric(tok) && tok != '1'_tok) {
             CopyToken(i);
-        } else if (tok == "#"sv) {
+        } else if (tok == '#'_tok) {
             CopyToken(i);
-        } else if (tok == "*"sv) {
+        } else if (tok == '*'_tok) {
             CloseGroups(i, FractionHere(), RootHere(), ExponentHere());
             s.TermStart(level, barDepth) = i;
-        } else if (tok == "["sv || tok == "]"sv) {
+        } else if (tok == '['_tok || tok == ']'_tok) {
             if (s.ExponentOpen(slot)) {
                 Cell(s.BuildPos - 2) = "^";
                 s.ExponentOpen(slot) = false;
             }
-            if (prev == "/"sv && tok == "["sv) bracketSeen = true;
+            if (prev == '/'_tok && tok == '['_tok) bracketSeen = true;
             if (s.FractionOpen(slot) && !bracketSeen) {
                 Cell(s.BuildPos - 2) = "#";
                 s.FractionOpen(slot) = false;
             }
             CopyToken(i);
-        } else if (tok == "|"sv) {
+        } else if (tok == '|'_tok) {
             const bool closeFraction = FractionHere();
             const bool closeRoot = RootHere();
             const bool closeExponent = ExponentHere();
@@ -297,7 +294,7 @@ struct BuilderRun {
         } else if (IsTrigToken(tok)) {
             // A function name ends a root whose digits it follows, and nothing else: an
             // exponent or fraction goes on over sin(...).
-            if (RootHere() && prev != "~"sv && !s.ExponentOpen(slot)) {
+            if (RootHere() && prev != '~'_tok && !s.ExponentOpen(slot)) {
                 Cell(s.BuildPos - 2) = "~";
                 s.RootOpen(slot) = false;
             }
@@ -308,7 +305,7 @@ struct BuilderRun {
             bool closeFraction = FractionHere() && guard;
             bool closeRoot = RootHere() && guard;
             bool closeExponent = ExponentHere() && guard;
-            if (prev == "/"sv || afterSignedCaret)
+            if (prev == '/'_tok || afterSignedCaret)
                 closeFraction = closeRoot = closeExponent = false;
             // Right after a number fraction the letter belongs to its denominator: 3/4x is three
             // over 4x, as the number fraction left its group open for the factors that follow.
@@ -322,8 +319,8 @@ struct BuilderRun {
     void EndChecks() {
         const std::string last = Cell(s.BuildPos - 4);
         const bool looksFinished = !IsOperator(last) && level <= 0;
-        if (looksFinished && last != ","sv && last != "."sv && last != "^"sv &&
-            !(last == "~"sv && s.RootOpen(slot))) {
+        if (looksFinished && last != ','_tok && last != '.'_tok && last != '^'_tok &&
+            !(last == '~'_tok && s.RootOpen(slot))) {
             s.SlotIncomplete(slot) = s.OpenBars(slot) >= 1;
         } else {
             s.SlotIncomplete(slot) = true;
@@ -340,14 +337,14 @@ struct BuilderRun {
         for (int k = s.BuildPos + 20; k >= 0; --k) {
             const std::string& cell = Cell(k);
             if (cell.empty()) continue;
-            if (cell == "#"sv && s.FractionOpen(slot)) {
+            if (cell == '#'_tok && s.FractionOpen(slot)) {
                 closers += "#";
                 s.FractionOpen(slot) = false;
-            } else if (cell == "~"sv && s.RootOpen(slot)) {
+            } else if (cell == '~'_tok && s.RootOpen(slot)) {
                 closers += "~";
                 s.RootOpen(slot) = false;
-            } else if (cell == "^"sv && s.ExponentOpen(slot)) {
-                closers += Cell(s.BuildPos - 4) == "^"sv ? "?^" : "^";
+            } else if (cell == '^'_tok && s.ExponentOpen(slot)) {
+                closers += Cell(s.BuildPos - 4) == '^'_tok ? "?^" : "^";
                 s.ExponentOpen(slot) = false;
             }
         }
@@ -386,38 +383,38 @@ struct BuilderRun {
                 for (char c : k)
                     piece += c == '/' ? std::string(")/(") : std::string(1, c);
                 put(piece);
-            } else if (k == "|"sv && textBar) {
+            } else if (k == '|'_tok && textBar) {
                 put(")");
                 textBar = false;
-            } else if (k == "|"sv) {
+            } else if (k == '|'_tok) {
                 if (o != 0 && (IsLetter(prevPiece) || IsNumeric(prevPiece) || prevEndsInParen))
                     put("*abs(");
                 else
                     put("abs(");
                 textBar = true;
-            } else if (k == "#"sv) {
+            } else if (k == '#'_tok) {
                 put(textFraction ? ")" : "(");
                 textFraction = !textFraction;
-            } else if (k == "~"sv && !textRoot) {
-                if (Read(i + 4) == "("sv) {
+            } else if (k == '~'_tok && !textRoot) {
+                if (Read(i + 4) == '('_tok) {
                     put("(");
                     rootHasParen = true;
                 } else {
-                    put(o != 0 && prevPiece == ")"sv ? "*(" : "(");
+                    put(o != 0 && prevPiece == ')'_tok ? "*(" : "(");
                     rootHasParen = false;
                 }
                 textRoot = true;
-            } else if (k == "~"sv) {
+            } else if (k == '~'_tok) {
                 put(rootHasParen ? "^.5)" : ")^(.5)");
                 textRoot = false;
-            } else if (k == "^"sv && !textExponent) {
-                exponentHasParen = Read(i + 4) != "("sv;
+            } else if (k == '^'_tok && !textExponent) {
+                exponentHasParen = Read(i + 4) != '('_tok;
                 put(exponentHasParen ? "^(" : "^");
                 textExponent = true;
-            } else if (k == "^"sv) {
+            } else if (k == '^'_tok) {
                 if (exponentHasParen) put(")");
                 textExponent = false;
-            } else if (k == "`"sv) {
+            } else if (k == '`'_tok) {
                 // After a number the product with pi; elsewhere the bare constant, which has
                 // one digit fewer.
                 put(IsNumeric(prevPiece) ? "*3.14159265388" : "3.1415926538");
@@ -426,20 +423,20 @@ struct BuilderRun {
                                             prevPiece.find('(') == std::string::npos))) {
                 put("*");
                 put(k);
-            } else if (k == "/"sv && !textExponent) {
+            } else if (k == '/'_tok && !textExponent) {
                 put(")/(");
-            } else if (k == "("sv && Read(i + 4) == "("sv) {
+            } else if (k == '('_tok && Read(i + 4) == '('_tok) {
                 // Of doubled parentheses one pair goes, as long as a ")" ")" pair follows.
                 bool pairAhead = false;
                 for (int j = i; j <= lastCell && !pairAhead; ++j)
-                    pairAhead = Read(j) == ")"sv && Read(j + 4) == ")"sv;
+                    pairAhead = Read(j) == ')'_tok && Read(j + 4) == ')'_tok;
                 if (pairAhead)
                     skipParen = true;
                 else
                     put("(");
-            } else if (k == ")"sv && Read(i + 4) == ")"sv && skipParen) {
+            } else if (k == ')'_tok && Read(i + 4) == ')'_tok && skipParen) {
                 skipParen = false;
-            } else if (prevPiece == ")"sv && IsLetter(k)) {
+            } else if (prevPiece == ')'_tok && IsLetter(k)) {
                 put("*");
                 put(k);
             } else {
@@ -460,7 +457,7 @@ struct BuilderRun {
         }
         s.GraphableCells.FillColumn(slot, "");
         for (std::size_t c = 0; c < text.size(); ++c)
-            s.GraphableCells(static_cast<int>(c), slot) = text.substr(c, 1);
+            s.GraphableCells(static_cast<int>(c), slot).assign(1, text[c]);
         return text;
     }
 };
