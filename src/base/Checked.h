@@ -107,11 +107,16 @@ template <class T, int Hi> class HeapArray {
     }
     // The highest index that may hold something other than the empty value; -1 if none.
     int Top() const { return top_; }
+    // Cells first..Hi emptied. The cells stay made, for the next run to fill again.
+    void EmptyFrom(int first) {
+        first = std::max(first, 0);
+        if (first > top_) return;
+        EmptyCells(cells_.begin() + first, top_ - first + 1);
+        top_ = first - 1;
+    }
     void Fill(const T& value) {
         if (IsEmptyValue(value)) {
-            // The cells stay made, emptied, for the next run to fill again.
-            EmptyCells(cells_.begin(), top_ + 1);
-            top_ = -1;
+            EmptyFrom(0);
         } else {
             cells_.reserve(Capacity);
             cells_.assign(Capacity, value);

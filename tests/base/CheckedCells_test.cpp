@@ -48,6 +48,10 @@ TEST(CheckedCells, LongRowKeepsItsCellsThroughCopiesAndGrowth) {
     EXPECT_EQ(copy(1500), "y");
     EXPECT_EQ(copy(2000), ""); // never used: empty, not an error
     EXPECT_THROW((void)copy(2001), SubscriptError);
+    row(1000) = "z";
+    row.EmptyFrom(1000); // the tail only
+    EXPECT_EQ(row.Top(), 999);
+    EXPECT_EQ(std::as_const(row)(1500) + row(1000) + row(0), "x");
     row.Fill("");
     EXPECT_EQ(row.Top(), -1);
     EXPECT_EQ(std::as_const(row)(1500), "");

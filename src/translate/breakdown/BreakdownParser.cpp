@@ -345,7 +345,7 @@ namespace {
 
 std::vector<std::string> UsedTokens(const BreakdownState& b) {
     std::vector<std::string> tokens;
-    for (int i = 0; i <= CellUpper; ++i)
+    for (int i = 0; i <= b.BreakdownTokens.Top(); ++i)
         if (!b.BreakdownTokens(i).empty()) tokens.push_back(b.BreakdownTokens(i));
     return tokens;
 }

@@ -104,6 +104,8 @@ double LeadingValue(const std::string& text) {
 
 void Clear(BreakdownState& b, bool wide) {
     const int extra = wide ? 10 : 0;
+    // The relation's place is the same for every part: nothing here moves a token.
+    const int relation = Relation(b);
     b.MaxBreakdownGroup = 0;
     b.BreakdownGroup = 0;
     b.BreakdownPart = 0;
@@ -114,11 +116,11 @@ void Clear(BreakdownState& b, bool wide) {
             b.PartIsProduct(g, p) = false;
             BreakdownRow& row = group.Rows(p);
             if (b.BreakdownSide != 0) {
-                row.StartPos = Relation(b);
+                row.StartPos = relation;
                 row.EndPos = b.BreakdownCount;
             } else {
                 row.StartPos = 0;
-                row.EndPos = Relation(b);
+                row.EndPos = relation;
             }
             row.Scale = 1;
             row.Kind = 1;
@@ -208,8 +210,7 @@ void Merge(BreakdownState& b) {
             inNumber = false;
         }
     }
-    for (int i = n + 1; i <= CellUpper; ++i)
-        b.BreakdownTokens(i).clear();
+    b.BreakdownTokens.EmptyFrom(n + 1);
     for (int i = 0; i <= n; ++i)
         b.BreakdownTokens(i) = out(i);
     b.BreakdownCount = n + 4;
@@ -283,8 +284,7 @@ void Normalise(BreakdownState& b) {
         cell(v) = out(v);
     }
     b.BreakdownCount = w;
-    for (int v = w; v <= CellUpper; ++v)
-        cell(v).clear();
+    cell.EmptyFrom(w);
 }
 
 std::string Expand(const std::string& s) {
