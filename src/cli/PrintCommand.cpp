@@ -75,8 +75,6 @@ int RunPrint(const PrintJob& job, Output& out) {
     const PointEntry entry{job.Order, job.Linear, job.Points};
     if (!entry.Empty()) EnterPoints(s, entry);
     RedrawByMode(s);
-    for (const std::string& message : headless.Messages())
-        out.Error(message);
 
     QPdfWriter pdf(QString::fromStdString(job.PdfPath));
     pdf.setResolution(PdfResolution);
@@ -89,7 +87,12 @@ int RunPrint(const PrintJob& job, Output& out) {
         out.Error("veritrace-cli print: could not write " + job.PdfPath);
         return ExitRefused;
     }
-    if (!PrintAndFinish(s, printer, {job.Heading1, job.Heading2})) {
+    const bool printed = PrintAndFinish(s, printer, {job.Heading1, job.Heading2});
+    // The messages of the drawing and of the printing itself (an equation too long for the
+    // typesetter's cells) are told, whether or not the page was finished.
+    for (const std::string& message : headless.Messages())
+        out.Error(message);
+    if (!printed) {
         out.Error("veritrace-cli print: the page could not be drawn");
         return ExitRefused;
     }
