@@ -30,21 +30,14 @@ using Texts = std::vector<std::string>;
 const fs::path BadFiles = fs::path(__FILE__).parent_path().parent_path() / "data" / "bad";
 
 // A host whose save and open dialogs answer with a path, and keep what they were asked.
-class FileHost : public test::ScriptedPlatform {
-  public:
+struct FileHost : test::ScriptedPlatform {
     std::optional<std::string> Answer;
     std::vector<FileDialogRequest> Requests;
-    std::optional<std::string> OpenFileName(const FileDialogRequest& request) override {
-        return Asked(ScriptedPlatform::OpenFileName(request), request);
+    std::optional<std::string> OpenFileName(const FileDialogRequest& r) override {
+        return ScriptedPlatform::OpenFileName(r), Requests.push_back(r), Answer;
     }
-    std::optional<std::string> SaveFileName(const FileDialogRequest& request) override {
-        return Asked(ScriptedPlatform::SaveFileName(request), request);
-    }
-
-  private:
-    std::optional<std::string> Asked(std::optional<std::string>, const FileDialogRequest& r) {
-        Requests.push_back(r);
-        return Answer;
+    std::optional<std::string> SaveFileName(const FileDialogRequest& r) override {
+        return ScriptedPlatform::SaveFileName(r), Requests.push_back(r), Answer;
     }
 };
 
@@ -136,7 +129,6 @@ TEST(SaveLoad, LoadsAsTheFileSays) {
         {"last row", "BBBBBBBBS(x)BBFalseBB10BB\r\n", false, "||||S(x)|", 0, false, "10", 10, 4},
         {"keys refused", "x)+2BBBBBBBBBBTrueBB2BB\r\n", false, "x+2|||||", 0, true, "2", 1, 0},
         {"500 points", Series(500), false, "|||||", 500, true, "2", 1, 0},
-        {"text points: 0", "BBBBBBBBBBabcBB1,5BBFalseBB2BB", false, "|||||", 1, false, "2", 2, 0},
         {"order not listed", "xBBBBBBBBBBFalseBB11BB\r\n", true, "x|||||", 0, false, "2", 2, 0},
         {"order field a row's text", "aBBbBBcBBdBBxBB", true, "||||x|", 0, true, "2", 1, 4}};
     // clang-format on
@@ -151,7 +143,6 @@ TEST(SaveLoad, LoadsAsTheFileSays) {
                   std::tuple(linear, !linear, order, degree));
         for (int row = 1; row <= 4; ++row)
             EXPECT_EQ(f.s->RowVisible(row), row <= lastRow);
-        EXPECT_EQ(f.s->MousePointer, f.s->DefaultPointer);
     }
 }
 

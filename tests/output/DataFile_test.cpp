@@ -68,11 +68,13 @@ struct Folder {
 
 } // namespace
 
-TEST(DataFile, BuildsTheLine) {
+TEST(DataFile, BuildsTheLineAndProposesNames) {
     // The rows and the flags go through a save of a loaded file; here the points' numbers: 15
     // significant digits, the exponent form, no minus on zero.
     EXPECT_EQ(BuildDataText({{}, {{1.0 / 3, -0.0}, {1e20, -0.00001}}, false, "2"}),
               "BBBBBBBBBB0.333333333333333BB0BB1E+20BB-0.00001BBFalseBB2BB");
+    EXPECT_EQ(ProposedDataFileName({2024, 3, 7}), "Veritrace 03-07-24");
+    EXPECT_EQ(ProposedBitmapFileName({2000, 12, 31}), "GraphBitmap 12-31-00");
 }
 
 TEST(DataFile, SplitsAtEverySeparator) {
@@ -87,11 +89,6 @@ TEST(DataFile, SplitsAtEverySeparator) {
     };
     for (const auto& [text, expected] : cases)
         EXPECT_EQ(SplitFields(text), expected) << text;
-}
-
-TEST(DataFile, ProposedNames) {
-    EXPECT_EQ(ProposedDataFileName({2024, 3, 7}), "Veritrace 03-07-24");
-    EXPECT_EQ(ProposedBitmapFileName({2000, 12, 31}), "GraphBitmap 12-31-00");
 }
 
 TEST(Bitmap, EncodesBottomUpWithPaddedRows) {
@@ -118,33 +115,26 @@ TEST(Bitmap, EncodesBottomUpWithPaddedRows) {
     EXPECT_TRUE(EncodeBitmap(PixelImage{2, 2, {1, 2, 3}}).empty());
 }
 
-TEST(SafeSave, ReadOnlyFolderKeepsTheOldFile) {
-    Folder f("ro");
-    if (::geteuid() == 0) {
-        // Permissions do not stop root: a file system mounted read-only does.
-        if (!f.MountSmallDisk("size=64k")) GTEST_SKIP() << "cannot mount a file system here";
-        f.WriteOld();
-        ASSERT_EQ(::mount("tmpfs", f.dir.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=64k"), 0);
-    } else {
-        f.WriteOld();
-        ASSERT_EQ(::chmod(f.dir.c_str(), 0500), 0);
-    }
-    EXPECT_FALSE(WriteGraphDataFile(f.target.string(), "new contents"));
-    EXPECT_EQ(Contents(f.target), OldBytes);
-    EXPECT_EQ(f.Leftovers(), 0);
-}
-
-TEST(SafeSave, FullDiskKeepsTheOldFile) {
-    // A small disk filled up, then the file size limit; a disk is mounted only where it may be.
-    for (const bool smallDisk : {true, false}) {
-        SCOPED_TRACE(smallDisk ? "a small disk filled up" : "the file size limit");
+TEST(SafeSave, AReadOnlyFolderOrAFullDiskKeepsTheOldFile) {
+    // A disk is mounted only where the test may mount one. Permissions do not stop root: a file
+    // system mounted read-only does.
+    const bool root = ::geteuid() == 0;
+    const char* const ways[] = {"a read-only folder", "a small disk filled up", "the size limit"};
+    for (int way = 0; way < 3; ++way) {
+        SCOPED_TRACE(ways[way]);
+        const bool readOnly = way == 0, smallDisk = way == 1;
         Folder f("full");
-        if (smallDisk && !f.MountSmallDisk("size=64k")) continue;
+        if ((smallDisk || (readOnly && root)) && !f.MountSmallDisk("size=64k")) continue;
         f.WriteOld();
         rlimit old{};
         ::getrlimit(RLIMIT_FSIZE, &old);
         auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        if (smallDisk) {
+        if (readOnly) {
+            ASSERT_EQ(
+                root ? ::mount("tmpfs", f.dir.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, "size=64k")
+                     : ::chmod(f.dir.c_str(), 0500),
+                0);
+        } else if (smallDisk) {
             std::ofstream filler(f.dir / "filler", std::ios::binary);
             const std::string block(4096, 'f');
             for (int i = 0; i < 64 && filler.write(block.data(), block.size()); ++i) {

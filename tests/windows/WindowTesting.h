@@ -111,19 +111,16 @@ template <class P = ScriptedPlatform> struct StartedWindow {
     }
     std::string Path(const char* name) const { return programDir.filePath(name).toStdString(); }
     QImage Graph() const { return window->frmGraph()->ShownSurface()->QtImage(); }
-    // The graph box as the screen shows it: what the window last put there, not what the
-    // widget would paint if asked now.
-    QImage OnScreen() const {
+    // How many pixels of the colour the screen shows in a part of the graph box: what the window
+    // last put there, not what the widget would paint if asked now. It must be no older picture.
+    int OnScreenCount(Colour colour, QRect part) const {
         app::SurfaceView* box = window->frmGraph();
         const QPoint at = box->mapTo(window.get(), QPoint(0, 0));
-        return box->screen()
-            ->grabWindow(window->winId(), at.x(), at.y(), box->width(), box->height())
-            .toImage()
-            .convertToFormat(QImage::Format_RGB32);
-    }
-    // How many pixels of the colour the screen shows in the part; it must show no older picture.
-    int OnScreenCount(Colour colour, QRect part) const {
-        const QImage screen = OnScreen();
+        const QImage screen =
+            box->screen()
+                ->grabWindow(window->winId(), at.x(), at.y(), box->width(), box->height())
+                .toImage()
+                .convertToFormat(QImage::Format_RGB32);
         EXPECT_TRUE(screen == Graph().convertToFormat(QImage::Format_RGB32))
             << "the screen lags the paint";
         return CountColour(screen, colour, part);
