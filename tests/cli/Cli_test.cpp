@@ -175,6 +175,9 @@ TEST(CliArguments, RefusesWhatItCannotDo) {
         {{"save", "-k", "x"}, 2, "-o FILE.vtx"},
         {{"print", "-k", "x", "-o", dir.filePath("page.png")}, 2, "-o PAGE.pdf"},
         {{"print", "-k", "x", "-o", dir.filePath("no folder/page.pdf")}, 1, "could not write"},
+        // An equation longer than the printer's typesetting cells: the page, and the message.
+        {{"print", "-k", QString("x^2+").repeated(300), "-o", dir.filePath("long.pdf")}, 1,
+         "An error occurred while displaying information."},
         {{"formulas", "-f", VERITRACE_TEST_DATA "/bad/too-few-fields.vtx"}, 1, "could not open"}};
     // clang-format on
     for (const auto& [arguments, exit, err] : cases) {
