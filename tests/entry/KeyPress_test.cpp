@@ -23,17 +23,16 @@ TEST(Backspace, RemovesFromTheEndAndLeavesTheRowReadyForWhatWasRemoved) {
         {"((x+(\b(", "((x+(", true},   {"|x|\b|", "|x|", true}, {"|x\b\b|x|", "|x|", true},
         {"(|x|)\b\b|)", "(|x|)", true}};
     for (const auto& [keys, text, lastAccepted] : cases) {
-        SCOPED_TRACE(keys);
         auto s = NewEntrySession();
         TypeFromMenu(*s, keys);
         EXPECT_EQ(std::tuple(EntryText(*s, 0), s->TokenCount(0), s->KeyAccepted),
-                  std::tuple(text, static_cast<int>(std::string(text).size()), lastAccepted));
+                  std::tuple(text, static_cast<int>(std::string(text).size()), lastAccepted))
+            << keys;
     }
     // Over a slash the fraction ends.
     auto s = NewEntrySession();
     Type(*s, "x/");
-    ASSERT_TRUE(s->InFraction(0));
-    ASSERT_EQ(s->FractionSide, 1);
+    ASSERT_EQ(std::tuple(s->InFraction(0), s->FractionSide), std::tuple(true, 1));
     Paper_KeyPress(*s, 0, BackspaceKey);
     EXPECT_EQ(std::tuple(s->InFraction(0), s->FractionSide), std::tuple(false, 0));
 }
@@ -74,13 +73,12 @@ TEST(InsertCommands, TrigonometryRefusalsDifferBetweenSineAndTheOthers) {
         {"((x+(x+", cosine, "((x+(x+"}, {"((x+(x+", tangent, "((x+(x+"}};
     // clang-format on
     for (const auto& [row, command, text] : cases) {
-        SCOPED_TRACE(row);
         auto s = NewEntrySession();
         s->ActiveSlot = 3; // the commands act on the active row
         Type(*s, row);
         ASSERT_EQ(EntryText(*s, 3), row);
         command(*s);
-        EXPECT_EQ(std::tuple(EntryText(*s, 3), s->TrigFromMenu), std::tuple(text, false));
+        EXPECT_EQ(std::tuple(EntryText(*s, 3), s->TrigFromMenu), std::tuple(text, false)) << row;
     }
 }
 
@@ -109,10 +107,8 @@ TEST(ReplayRows, ClearsEveryRowThenReplaysEachSlotAsALoadDoes) {
         std::string joined;
         for (int slot = 0; slot < UsableSlots; ++slot)
             joined += (slot ? "|" : "") + EntryText(*s, slot);
-        EXPECT_EQ(joined, rows);
-        EXPECT_EQ(CanGraph(*s), canGraph);
-        EXPECT_EQ(std::tuple(s->ActiveSlot, s->ShownRows, s->TrigFromMenu),
-                  std::tuple(0, 0, false));
+        EXPECT_EQ(std::tuple(joined, CanGraph(*s), s->ActiveSlot, s->ShownRows, s->TrigFromMenu),
+                  std::tuple(rows, canGraph, 0, 0, false));
     }
 }
 
@@ -301,9 +297,9 @@ TEST(EntryRules, DecideWhatMayFollowTheRow) {
                 ASSERT_EQ(EntryText(*s, 0), row) << "the row itself was not taken";
                 s->TrigFromMenu = fromMenu;
                 Paper_KeyPress(*s, 0, static_cast<unsigned char>(*key));
-                EXPECT_EQ(s->KeyAccepted, taken);
                 const std::string stored(1, *key == 'X' ? 'x' : *key);
-                EXPECT_EQ(EntryText(*s, 0), taken ? row + stored : std::string(row));
+                EXPECT_EQ(std::tuple(s->KeyAccepted, EntryText(*s, 0)),
+                          std::tuple(taken, taken ? row + stored : std::string(row)));
             }
         }
     }
@@ -319,8 +315,7 @@ TEST(EntryRules, OperatorEndsAnExponentButASignOpensANegativeOne) {
     for (const auto& [row, inExponent] : cases) {
         auto s = NewEntrySession();
         TypeFromMenu(*s, row);
-        ASSERT_EQ(EntryText(*s, 0), row);
-        EXPECT_EQ(s->InExponent(0), inExponent) << row;
+        EXPECT_EQ(std::tuple(EntryText(*s, 0), s->InExponent(0)), std::tuple(row, inExponent));
     }
 }
 
@@ -366,12 +361,12 @@ TEST(KeyMask, ReadsTheMaskTextAsABinaryNumberAndPassesOnlyTheClassesWithTheirBit
         {1983 & ~512, '|', false}, {1983 & ~256, '~', false},  {0, '5', false},
         {-1, '5', false},          {1983 | 64, '=', false}};
     for (const auto& [mask, key, accepted] : keys) {
-        SCOPED_TRACE(std::string("key '") + key + "' mask " + std::to_string(mask));
         auto s = NewEntrySession();
         s->AllowedKeys = mask;
         Paper_KeyPress(*s, 0, static_cast<unsigned char>(key));
         EXPECT_EQ(std::tuple(s->KeyAccepted, s->TokenCount(0)),
-                  std::tuple(accepted, accepted ? 1 : 0));
+                  std::tuple(accepted, accepted ? 1 : 0))
+            << "key '" << key << "' mask " << mask;
     }
 }
 

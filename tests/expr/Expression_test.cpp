@@ -67,20 +67,18 @@ TEST(Expression, Failures) {
 TEST(ProgramCache, CompilesEachTextOnceAndDropsTheLeastRecentlyUsed) {
     ProgramCache cache;
     const auto first = cache.Get("x+1");
-    EXPECT_EQ(cache.Get("x+1"), first);
-    EXPECT_EQ(cache.Compilations(), 1);
+    EXPECT_EQ((std::tuple{cache.Get("x+1"), cache.Compilations()}), std::tuple(first, 1));
 
     // "x+1" used last but one: the other texts push it out only after Capacity - 1 of them.
     const auto second = cache.Get("x*2");
     cache.Get("x+1");
     for (std::size_t i = 0; i + 2 < ProgramCache::Capacity; ++i)
         cache.Get("x-" + std::to_string(i));
-    EXPECT_EQ(cache.Size(), ProgramCache::Capacity);
+    const std::size_t full = cache.Size();
     cache.Get("x/7"); // one past the capacity: "x*2" goes, "x+1" stays
-    EXPECT_EQ(cache.Size(), ProgramCache::Capacity);
     const long compiled = cache.Compilations();
-    EXPECT_EQ(cache.Get("x+1"), first);
-    EXPECT_EQ(cache.Compilations(), compiled);
+    EXPECT_EQ((std::tuple{full, cache.Size(), cache.Get("x+1") == first, cache.Compilations()}),
+              std::tuple(ProgramCache::Capacity, ProgramCache::Capacity, true, compiled));
     EXPECT_NE(cache.Get("x*2"), second);
     EXPECT_EQ(cache.Compilations(), compiled + 1);
 
@@ -88,8 +86,7 @@ TEST(ProgramCache, CompilesEachTextOnceAndDropsTheLeastRecentlyUsed) {
     for (std::size_t i = 0; i < 2 * ProgramCache::Capacity; ++i)
         cache.Get(std::to_string(i));
     const EvalResult r = first->Evaluate(2, false);
-    EXPECT_EQ(r.kind, EvalResult::Value);
-    EXPECT_EQ(r.value, 3);
+    EXPECT_EQ(std::tuple(r.kind, r.value), std::tuple(EvalResult::Value, 3.0));
 }
 
 } // namespace vt

@@ -30,15 +30,14 @@ TEST(Painter, GridAndAxesByTheViewsSize) {
         {{0, 0, 0, 0}, false, 2, 2}};
     // clang-format on
     for (const auto& [view, hidden, gridLines, axes] : cases) {
-        SCOPED_TRACE(testing::Message() << view[0] << ".." << view[1] << " by " << view[2] << ".."
-                                        << view[3] << (hidden ? " hidden" : ""));
         PlotSession g({"x"});
         g.SetView(view);
         g.s.HideGridChecked = hidden;
         RedrawGraph(g.s);
-        EXPECT_EQ(g.box.StrokesIn(GridBlue, 1).size(), gridLines);
-        EXPECT_EQ(g.box.StrokesIn(0x000000, 2).size(), axes);
-        EXPECT_EQ(g.s.MousePointer, g.s.DefaultPointer);
+        EXPECT_EQ(std::tuple(g.box.StrokesIn(GridBlue, 1).size(),
+                             g.box.StrokesIn(0x000000, 2).size(), g.s.MousePointer),
+                  std::tuple(gridLines, axes, g.s.DefaultPointer))
+            << view[0] << ".." << view[1] << " by " << view[2] << ".." << view[3] << hidden;
     }
 }
 
@@ -56,19 +55,16 @@ TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
     for (const auto& [keys, from, to, fillsAbove, fillsBelow, breakWalls, bracket] : cases) {
         SCOPED_TRACE(keys);
         PlotSession g({keys});
-        g.s.BracketNegativeX = bracket;
-        g.s.ShadeOn = true;
-        g.s.ShadeFrom = from;
-        g.s.ShadeTo = to;
+        std::tie(g.s.BracketNegativeX, g.s.ShadeOn, g.s.ShadeFrom, g.s.ShadeTo) =
+            std::tuple(bracket, true, from, to);
         RedrawGraph(g.s);
         std::size_t above = 0, below = 0;
         for (const auto& f : g.box.Fills)
             (f[1] == 199 ? above : below) += 1;
         EXPECT_EQ(std::tuple(above, below), std::tuple(fillsAbove, fillsBelow));
         for (const std::string& line : g.box.Log)
-            if (line.rfind("FloodFill", 0) == 0) {
-                EXPECT_NE(line.find("surface=16777215 fill=14737632 style=0"), std::string::npos);
-            }
+            EXPECT_TRUE(line.rfind("FloodFill", 0) ||
+                        line.find("surface=16777215 fill=14737632 style=0") != std::string::npos);
         // The band's frame in the shade colour, erased in white. Two passes: the numbers twice,
         // and the list holds the second pass's items, whose keys go on from the first. The
         // break list erased at the end.
@@ -113,12 +109,11 @@ TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
         {{-163840, 163840, -1, 1}, false, {-163840, 163840, -1, 1}}};
     // clang-format on
     for (const auto& [start, in, end] : cases) {
-        SCOPED_TRACE(testing::Message() << start[0] << (in ? " in" : " out"));
         PlotSession g;
         g.SetView(start);
         in ? ZoomIn(g.s) : ZoomOut(g.s);
-        EXPECT_EQ(g.ViewNow(), end);
-        EXPECT_EQ(g.box.Clears, end == start ? 0 : 1);
+        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears), std::tuple(end, end == start ? 0 : 1))
+            << start[0] << (in ? " in" : " out");
     }
 }
 
@@ -133,8 +128,9 @@ TEST(View, KeysSlideTheViewByFixedAmounts) {
         PlotSession g;
         g.SetView({-2.5, 0.5, 100, 104}); // the amounts do not follow the zoom
         frmGraph_KeyDown(g.s, key, 0);
-        EXPECT_EQ(g.ViewNow(), (View{-2.5 + dx, 0.5 + dx, 100.0 + dy, 104.0 + dy})) << key;
-        EXPECT_EQ(g.box.Clears, 1);
+        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears),
+                  std::tuple(View{-2.5 + dx, 0.5 + dx, 100.0 + dy, 104.0 + dy}, 1))
+            << key;
     }
 }
 
@@ -314,12 +310,12 @@ void Trace(PlotSession& g, PaintRun run = {}) {
 }
 
 bool HasStroke(const PlotSession& g, Segment l) {
-    for (const Stroke& k : g.box.StrokesIn(Red, 3))
-        if (std::fabs(k.X1 - l[0]) + std::fabs(k.Y1 - l[1]) + std::fabs(k.X2 - l[2]) +
-                std::fabs(k.Y2 - l[3]) <
-            1e-4)
-            return true;
-    return false;
+    const auto near = [&](const Stroke& k) {
+        return std::fabs(k.X1 - l[0]) + std::fabs(k.Y1 - l[1]) + std::fabs(k.X2 - l[2]) +
+                   std::fabs(k.Y2 - l[3]) <
+               1e-4;
+    };
+    return std::ranges::any_of(g.box.StrokesIn(Red, 3), near);
 }
 
 TEST(Tracing, BreaksPolesAndGapsAtTheDefaultView) {
@@ -421,11 +417,10 @@ TEST(AutoGraph, DoublesTheViewUntilACurveShows) {
         PlotSession g({keys});
         g.s.ViewDragged = dragged;
         AutoGraph(g.s);
-        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears, g.host.Calls.size()),
-                  std::tuple(View{-bound, bound, -bound, bound}, paints, message ? 1u : 0u));
-        EXPECT_EQ(g.host.Messages(),
-                  message ? Texts{"The function could not be graphed within the maximum limits."}
-                          : Texts{});
+        const Texts said = {"The function could not be graphed within the maximum limits."};
+        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears, g.host.Messages(), g.host.Calls.size()),
+                  std::tuple(View{-bound, bound, -bound, bound}, paints, message ? said : Texts{},
+                             message ? 1u : 0u));
         EXPECT_TRUE(g.host.Calls.empty() || g.host.Calls[0].Style == MsgOkOnly);
     }
 }
