@@ -119,8 +119,7 @@ TEST(AreaDialog, LoadOffersTheViewOrTheLastBandAndShadingOnlyForOneRow) {
         const bool oneRow = *second == '\0';
         std::tie(g.s.ShadeFrom, g.s.ShadeTo, g.s.ShadeColor) =
             std::tuple(shadeFrom, shadeTo, "4210752");
-        g.s.ActiveSlot = 3;
-        g.box.FillStyle = graphStyle;
+        std::tie(g.s.ActiveSlot, g.box.FillStyle) = std::tuple(3, graphStyle);
         const FillRangeForm form = LoadedForm(g.s);
         EXPECT_EQ(FormTexts(form), range + "|0.1|");
         for (int i = 0; i <= 7; ++i)
@@ -183,8 +182,7 @@ TEST(AreaDialog, ReopensWhereItStoodAndClosingForGoodTakesTheShadingAway) {
     const std::function<void(FillRangeForm&)> user[] = {
         [&](FillRangeForm& f) { frmFillRange_Command6_Click(g.s, f); },
         [&](FillRangeForm& f) {
-            f.Left = 333;
-            f.Top = 222;
+            std::tie(f.Left, f.Top) = std::tuple(333, 222);
             Fill(f, "1", "2", "0.5");
             frmFillRange_Command3_Click(g.s, f);
             Fill(f, "1", "2", "0.5", 6);

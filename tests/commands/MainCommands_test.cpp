@@ -71,11 +71,8 @@ TEST(MainCommands, ClearDataAsksAndOnlyYesErasesTheRowsOrInRegressionModeTheSeri
         Blinker_Click(*f.s);
         f.Type("x+1");
         mnuGraphIt_Click(*f.s);
-        f.s->ViewXMax = 7;
-        f.s->ViewDragged = true;
-        f.s->Slider1 = 8;
-        f.s->RoundDigits = 1;
-        f.s->Picture1(0) = 0x123456;
+        std::tie(f.s->ViewXMax, f.s->ViewDragged, f.s->Slider1, f.s->RoundDigits,
+                 f.s->Picture1(0)) = std::tuple(7.0, true, 8, 1, 0x123456u);
         f.platform.MsgBoxAnswers.push_back(erased ? MsgResultYes : MsgResultNo);
 
         mnuClearData_Click(*f.s);

@@ -13,14 +13,6 @@
 namespace vt::test {
 namespace {
 
-// A row-sized recording surface, 289 by 41 pixels in a pixel scale, in OrlentisFont 12. With
-// the recording surface's metrics a character is 8 pixels wide at size 12 and 16/3 at size 8.
-RecordingSurface MakeRow(int width = 289, int height = 41) {
-    RecordingSurface row(width, height);
-    std::tie(row.FontName, row.FontSize) = std::tuple("OrlentisFont", 12);
-    return row;
-}
-
 // The printed glyphs as "text@x,y" with six significant digits.
 std::vector<std::string> Glyphs(const RecordingSurface& surface) {
     std::vector<std::string> out;
@@ -35,12 +27,14 @@ constexpr auto Screen = TypesetTarget::Screen;
 constexpr auto Printer = TypesetTarget::Printer;
 constexpr auto Regression = TypesetTarget::RegressionWindow;
 
-// A row (289 wide), the printed page (scaled 800 by 600) or the regression window, each at size
-// 12 with one unit a pixel, so that a character is 8 units wide.
+// A row (289 by 41), the printed page (scaled 800 by 600) or the regression window, each in a
+// pixel scale at size 12. With the recording surface's metrics a character is 8 pixels wide at
+// size 12 and 16/3 at size 8.
 RecordingSurface SurfaceFor(TypesetTarget target) {
-    if (target == Printer) return MakeRow(800, 600);
-    RecordingSurface surface = MakeRow(target == Screen ? 289 : 300, 200);
-    if (target == Regression) surface.FontName = "Book Antiqua";
+    const bool page = target == Printer, row = target == Screen;
+    RecordingSurface surface(page ? 800 : row ? 289 : 300, page ? 600 : row ? 41 : 200);
+    surface.FontName = target == Regression ? "Book Antiqua" : "OrlentisFont";
+    surface.FontSize = 12;
     return surface;
 }
 
@@ -208,7 +202,7 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
     for (const auto& [filledRows, lastFilledBefore, lastFilledAfter, failingRow] : cases) {
         PlotSession g;
         Session& s = g.s;
-        std::vector<RecordingSurface> rows(UsableSlots, MakeRow());
+        std::vector<RecordingSurface> rows(UsableSlots, SurfaceFor(Screen));
         for (int i = 0; i < UsableSlots; ++i) {
             rows[i].CurrentX = 100; // where the last paint left the pen
             g.shell.Papers[i] = &rows[i];
@@ -216,8 +210,7 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
         for (int row : filledRows)
             SetRowText(s, row, "x^2^+S(x)");
         if (failingRow >= 0) SetRowText(s, failingRow, "^2");
-        s.ActiveSlot = 2;
-        s.LastFilledSlot = lastFilledBefore;
+        std::tie(s.ActiveSlot, s.LastFilledSlot) = std::tuple(2, lastFilledBefore);
 
         RedrawPapers(s);
 

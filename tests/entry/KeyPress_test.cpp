@@ -119,8 +119,7 @@ TEST(EntryReset, ResetEntryStateClearsRowsAndKeepsTheFractionState) {
     TypeFromMenu(*s, "x^2/3");
     s->NumberHasPoint = s->LastBarClosed = true;
     s->ParenSide(2, 1) = s->ParenSide(3, 2) = -1;
-    s->LetterList(4) = "x";
-    s->SlotIncomplete(4) = true;
+    std::tie(s->LetterList(4), s->SlotIncomplete(4)) = std::tuple("x", true);
     s->BreakdownTokens(0) = s->BreakdownTokens(2) = "x";
     s->BreakdownCount = s->BreakdownSide = 1;
 
@@ -150,11 +149,8 @@ TEST(EntryReset, ClearAllRowsEmptiesTheBuilderAndTheBreakList) {
     auto s = NewEntrySession();
     TypeFromMenu(*s, "x^2+S(x)");
     ASSERT_NE(GraphableText(*s, 0), "");
-    s->GraphableCells(0, 5) = "k";
-    s->BreakMark(10) = true;
-    s->BreakCount = 11;
-    s->TermStart(3, 2) = 40;
-    s->BuildTokens(100) = "x";
+    std::tie(s->GraphableCells(0, 5), s->BreakMark(10), s->BreakCount, s->TermStart(3, 2),
+             s->BuildTokens(100)) = std::tuple("k", true, 11, 40, "x");
 
     ClearAllRows(*s);
 

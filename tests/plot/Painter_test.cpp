@@ -87,9 +87,7 @@ TEST(Painter, FirstPaintSetsDefaultsAndRegressionModeDrawsNoCurve) {
               std::tuple(11, "16766596", "255"));
     // A later paint keeps the colours; in regression mode it stops before the curves and
     // leaves the break list as it is.
-    g.s.GridColor = "65280";
-    g.s.Check1 = 1;
-    g.s.BreakCount = 3;
+    std::tie(g.s.GridColor, g.s.Check1, g.s.BreakCount) = std::tuple("65280", 1, 3);
     g.box.Strokes.clear();
     RedrawGraph(g.s);
     EXPECT_EQ(std::tuple(g.box.StrokesIn(65280, 1).size(), g.box.StrokesIn(Red, 3).size(),
@@ -235,9 +233,7 @@ TEST(Appearance, ColourCommandsStartFromTheirColourAndTakeTheAnswer) {
 
 TEST(Appearance, DefaultColoursSetTheWholeTableButNotTheLineWidth) {
     LookSession g;
-    g.s.GridColor = "1";
-    g.s.ShadeColor = "2";
-    g.s.GraphBackColor = 3;
+    std::tie(g.s.GridColor, g.s.ShadeColor, g.s.GraphBackColor) = std::tuple("1", "2", 3u);
     for (int i = 0; i <= 6; ++i)
         g.s.Picture1(i) = 0x010101 * static_cast<Colour>(i + 1);
     g.s.Slider1 = 7;

@@ -121,8 +121,7 @@ TEST(RegressionOverlay, DrawsCurveCirclesAndTable) {
     Command3_Click(g.s);
     for (auto [x, y] : {std::pair{"0", "0"}, {"1", "1"}, {"-2", "4"}, {"0.5", "0.0000001"}})
         ASSERT_EQ(g.Insert(x, y), InsertOutcome::Added);
-    g.s.Picture1(5) = 0x123456;
-    g.s.Slider1 = 5;
+    std::tie(g.s.Picture1(5), g.s.Slider1) = std::tuple(0x123456u, 5);
     g.box.Forget();
     RedrawRegression(g.s);
 
