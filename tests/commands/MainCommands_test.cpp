@@ -172,11 +172,13 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
 
 TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
     // {keys into row 0, another row left incomplete (-1: none), the commands open}: Backspace
-    // on an empty row is a keystroke too.
+    // on an empty row is a keystroke too; an unfinished row anywhere closes them. Enter then
+    // graphs only while they are open, and is not typed.
     // clang-format off
     const std::tuple<const char*, int, bool> cases[] = {
         {"x+1", -1, true}, {"x+", -1, false}, {"\b", -1, false}, {"x+1", 9, false},
-        {"x^", 3, false}};
+        {"x^", 3, false}, {"2x^2+(x)", -1, true}, {"(x", -1, false}, {"|x", -1, false},
+        {"x", 1, false}, {"|x|", -1, true}};
     // clang-format on
     for (const auto& [keys, otherIncomplete, open] : cases) {
         SCOPED_TRACE(keys);
@@ -190,6 +192,9 @@ TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
                                      f.s->MenuEnabled.at("mnuEvaluate"),
                                      f.s->MenuEnabled.at("mnuShade")}),
                   std::vector<bool>(6, open));
+        Paper_KeyPress(*f.s, 0, EnterKey);
+        EXPECT_EQ(std::tuple(f.host.Graphs, f.s->KeyAccepted, EntryText(*f.s, 0)),
+                  std::tuple(open ? 1 : 0, false, *keys == '\b' ? "" : keys));
     }
 }
 

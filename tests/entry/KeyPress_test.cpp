@@ -37,28 +37,6 @@ TEST(Backspace, RemovesFromTheEndAndLeavesTheRowReadyForWhatWasRemoved) {
     EXPECT_EQ(std::tuple(s->InFraction(0), s->FractionSide), std::tuple(false, 0));
 }
 
-TEST(KeyPress, EnterGraphsOnlyWhenEveryRowIsComplete) {
-    // {row 0, row 1, graphs}: an unfinished row anywhere closes the command.
-    const std::tuple<const char*, const char*, bool> cases[] = {
-        {"", "", false},   {"x", "", true},    {"2x^2+S(x)", "", true},
-        {"x+", "", false}, {"(x", "", false},  {"|x", "", false},
-        {"x^", "", false}, {"x", "|x|", true}, {"x", "x-", false}};
-    for (const auto& [row0, row1, graphs] : cases) {
-        SCOPED_TRACE(std::string(row0) + " / " + row1);
-        auto s = NewEntrySession();
-        test::RecordingShell host;
-        s->BindHost(&host);
-        s->ActiveSlot = 1;
-        TypeFromMenu(*s, row1);
-        s->ActiveSlot = 0;
-        TypeFromMenu(*s, row0);
-        ASSERT_EQ(EntryText(*s, 0) + "/" + EntryText(*s, 1), std::string(row0) + "/" + row1);
-        Paper_KeyPress(*s, 0, EnterKey);
-        EXPECT_EQ(std::tuple(host.Graphs, s->KeyAccepted, EntryText(*s, 0)),
-                  std::tuple(graphs ? 1 : 0, false, row0));
-    }
-}
-
 TEST(InsertCommands, TrigonometryRefusalsDifferBetweenSineAndTheOthers) {
     // {the active row, the command, the row after it}. The function itself refused: sine leaves
     // the row alone, cosine and tangent cost it its last token. The function taken and its
