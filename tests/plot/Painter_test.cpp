@@ -95,40 +95,34 @@ TEST(Painter, FirstPaintSetsDefaultsAndRegressionModeDrawsNoCurve) {
               std::tuple(82u, 0u, 3, g.s.DefaultPointer));
 }
 
-TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
-    // {view, zoom in, view after; unchanged: refused, and nothing is painted}. The x bounds
-    // summing to 1 refuse; a view away from 0 moves towards it; y plays no part.
+TEST(View, ZoomAndKeysMoveTheView) {
+    // {view, a key or a zoom in or out, view after}. The zoom is about the origin: x bounds
+    // summing to 1 refuse, and a refused zoom paints nothing; a view away from 0 moves towards
+    // it; y plays no part. The keys slide by fixed amounts that do not follow the zoom, and
+    // always repaint; any other key only repaints.
+    constexpr int In = -1, Out = -2;
+    const View k{-2.5, 0.5, 100, 104};
     // clang-format off
-    const std::tuple<View, bool, View> cases[] = {
-        {{-1, 1, -1, 1}, true, {-0.5, 0.5, -0.5, 0.5}}, {{10, 30, -20, 20}, true, {5, 15, -10, 10}},
-        {{-0.5, 0.5, -0.5, 0.5}, true, {-0.5, 0.5, -0.5, 0.5}},
-        {{-20, 20, -0.5, 0.5}, true, {-10, 10, -0.25, 0.25}},
-        {{-81920, 81920, -20, 20}, false, {-163840, 163840, -40, 40}},
-        {{-163840, 163840, -1, 1}, false, {-163840, 163840, -1, 1}}};
+    const std::tuple<View, int, View> cases[] = {
+        {{-1, 1, -1, 1}, In, {-0.5, 0.5, -0.5, 0.5}}, {{10, 30, -20, 20}, In, {5, 15, -10, 10}},
+        {{-0.5, 0.5, -0.5, 0.5}, In, {-0.5, 0.5, -0.5, 0.5}},
+        {{-20, 20, -0.5, 0.5}, In, {-10, 10, -0.25, 0.25}},
+        {{-81920, 81920, -20, 20}, Out, {-163840, 163840, -40, 40}},
+        {{-163840, 163840, -1, 1}, Out, {-163840, 163840, -1, 1}},
+        {k, KeyUp, {-2.5, 0.5, 101, 105}}, {k, KeyDown, {-2.5, 0.5, 99, 103}},
+        {k, KeyLeft, {-3.5, -0.5, 100, 104}}, {k, KeyRight, {-1.5, 1.5, 100, 104}},
+        {k, KeyPageUp, {-2.5, 0.5, 110, 114}}, {k, KeyPageDown, {-2.5, 0.5, 90, 94}},
+        {k, KeyHome, {-12.5, -9.5, 100, 104}}, {k, KeyEnd, {7.5, 10.5, 100, 104}}, {k, 65, k}};
     // clang-format on
-    for (const auto& [start, in, end] : cases) {
+    for (const auto& [start, action, end] : cases) {
         PlotSession g;
         g.SetView(start);
-        in ? ZoomIn(g.s) : ZoomOut(g.s);
-        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears), std::tuple(end, end == start ? 0 : 1))
-            << start[0] << (in ? " in" : " out");
-    }
-}
-
-TEST(View, KeysSlideTheViewByFixedAmounts) {
-    // {key, x moved by, y moved by}: any other key only redraws.
-    // clang-format off
-    const std::vector<std::array<int, 3>> cases = {
-        {KeyUp, 0, 1}, {KeyDown, 0, -1}, {KeyLeft, -1, 0}, {KeyRight, 1, 0}, {KeyPageUp, 0, 10},
-        {KeyPageDown, 0, -10}, {KeyHome, -10, 0}, {KeyEnd, 10, 0}, {65, 0, 0}};
-    // clang-format on
-    for (const auto& [key, dx, dy] : cases) {
-        PlotSession g;
-        g.SetView({-2.5, 0.5, 100, 104}); // the amounts do not follow the zoom
-        frmGraph_KeyDown(g.s, key, 0);
+        action == In    ? ZoomIn(g.s)
+        : action == Out ? ZoomOut(g.s)
+                        : frmGraph_KeyDown(g.s, action, 0);
         EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears),
-                  std::tuple(View{-2.5 + dx, 0.5 + dx, 100.0 + dy, 104.0 + dy}, 1))
-            << key;
+                  std::tuple(end, action >= 0 || end != start ? 1 : 0))
+            << start[0] << " " << action;
     }
 }
 
