@@ -15,17 +15,14 @@ namespace {
 // its size set, the rest as designed.
 FillRangeForm LoadedForm(Session& s) {
     FillRangeForm form;
-    form.Width = 320;
-    form.Height = 368;
+    std::tie(form.Width, form.Height) = std::tuple(320, 368);
     frmFillRange_Load(s, form, {100, 50, 760, 540});
     return form;
 }
 
 // The range typed and, when given, the fill style chosen.
 void Fill(FillRangeForm& form, const char* from, const char* to, const char* step, int style = -1) {
-    form.Text1 = from;
-    form.Text2 = to;
-    form.Text3 = step;
+    std::tie(form.Text1, form.Text2, form.Text3) = std::tuple(from, to, step);
     if (style < 0) return;
     form.Option1.fill(false);
     form.Option1[static_cast<std::size_t>(style)] = true;
@@ -103,9 +100,9 @@ TEST(AreaDialog, ChecksTheInputInOrder) {
         Fill(form, from, to, step);
         form.Text4 = "before";
         frmFillRange_Command3_Click(g.s, form);
-        EXPECT_EQ(g.host.Messages(), message ? Texts{message} : Texts{});
-        EXPECT_EQ(std::tuple(form.Text4 == "before", g.s.MousePointer),
-                  std::tuple(message != nullptr, g.s.DefaultPointer));
+        EXPECT_EQ(
+            std::tuple(g.host.Messages(), form.Text4 == "before", g.s.MousePointer),
+            std::tuple(message ? Texts{message} : Texts{}, message != nullptr, g.s.DefaultPointer));
     }
 }
 
@@ -120,11 +117,9 @@ TEST(AreaDialog, LoadOffersTheViewOrTheLastBandAndShadingOnlyForOneRow) {
         SCOPED_TRACE(range);
         PlotSession g({"x", second});
         const bool oneRow = *second == '\0';
-        g.s.ShadeFrom = shadeFrom;
-        g.s.ShadeTo = shadeTo;
-        g.s.ShadeColor = "4210752";
-        g.s.ActiveSlot = 3;
-        g.box.FillStyle = graphStyle;
+        std::tie(g.s.ShadeFrom, g.s.ShadeTo, g.s.ShadeColor) =
+            std::tuple(shadeFrom, shadeTo, "4210752");
+        std::tie(g.s.ActiveSlot, g.box.FillStyle) = std::tuple(3, graphStyle);
         const FillRangeForm form = LoadedForm(g.s);
         EXPECT_EQ(FormTexts(form), range + "|0.1|");
         for (int i = 0; i <= 7; ++i)
@@ -187,8 +182,7 @@ TEST(AreaDialog, ReopensWhereItStoodAndClosingForGoodTakesTheShadingAway) {
     const std::function<void(FillRangeForm&)> user[] = {
         [&](FillRangeForm& f) { frmFillRange_Command6_Click(g.s, f); },
         [&](FillRangeForm& f) {
-            f.Left = 333;
-            f.Top = 222;
+            std::tie(f.Left, f.Top) = std::tuple(333, 222);
             Fill(f, "1", "2", "0.5");
             frmFillRange_Command3_Click(g.s, f);
             Fill(f, "1", "2", "0.5", 6);
@@ -271,9 +265,8 @@ TEST(EvalFX, ARowThatLosesItsFunctionKeepsItsLabelAndShowsNoValue) {
         g.s.GraphableCells(i, 1).clear();
     form.Text1 = "5";
     frmEvalFX_Command1_Click(g.s, form);
-    EXPECT_EQ(Shown(form, 0), "f(5) =|5");
-    EXPECT_EQ(Shown(form, 1), "f(4) =|");
-    EXPECT_TRUE(form.Label3Visible[1]);
+    EXPECT_EQ(std::tuple(Shown(form, 0), Shown(form, 1), form.Label3Visible[1]),
+              std::tuple("f(5) =|5", "f(4) =|", true));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "base/Shell.h"
-#include "session/Session.h"
 #include "support/RecordingSurface.h"
 #include "support/ScriptedPlatform.h"
 
@@ -39,18 +38,6 @@ TEST(HeadlessShell, LendsOnlyWhatWasLentAndRunsNoWindow) {
     // A session nobody bound uses a headless host that lends nothing.
     EXPECT_EQ(UnboundShell().GraphBox(), nullptr);
     EXPECT_EQ(UnboundShell().Dialogs().MsgBox("?", MsgYesNo, ""), MsgResultNo);
-}
-
-TEST(CheckedArrays, BoundsAreThoseDeclared) {
-    Session s;
-    // Per-slot arrays reach 0..10; an index of 5 to 10 is an empty slot, 11 is an error.
-    // ScriptText has five entries only.
-    EXPECT_EQ(std::tuple(s.TokenCount(5), s.EntryTokens(2000, 10), s.ScriptText(4)),
-              std::tuple(0, "", ""));
-    EXPECT_THROW(s.TokenCount(11), SubscriptError);
-    EXPECT_THROW(s.EntryTokens(2001, 0), SubscriptError);
-    EXPECT_THROW(s.EntryTokens(0, -1), SubscriptError);
-    EXPECT_THROW(s.ScriptText(5), SubscriptError);
 }
 
 } // namespace

@@ -12,7 +12,7 @@
 #include "display/Typesetter.h"
 #include "entry/EntryTesting.h"
 #include "plot/Evaluate.h"
-#include "support/RecordingSurface.h"
+#include "plot/PlotTesting.h"
 #include "translate/Graphable.h"
 
 namespace vt {
@@ -30,10 +30,7 @@ int BracketDepth(const std::string& text) {
 
 // CalculateY on the reference route; the session's evaluator then goes back to compiling.
 std::string ByText(Session& s, double x) {
-    s.Evaluator.SetStrategy(EvalStrategy::Text);
-    std::string y = CalculateY(s, x, 0);
-    s.Evaluator.SetStrategy(EvalStrategy::Compiled);
-    return y;
+    return test::ByText(s, [&] { return CalculateY(s, x, 0); });
 }
 
 void ExpectRoutesAgree(Session& s, const std::string& expectedAtTwo) {

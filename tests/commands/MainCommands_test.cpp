@@ -52,13 +52,14 @@ TEST(MainCommands, BlinkerRevealsTheNextHiddenRowAndFocusesTheRowAfterTheActiveO
         f.host.Focused.clear();
         f.s->QuietSlotReveal = quiet;
         mnuInsertF_Click(*f.s);
-        EXPECT_EQ(f.s->ShownRows, shownRows);
-        EXPECT_EQ(f.s->BlinkerTop, 1700 + shownRows * 840);
-        EXPECT_EQ(f.s->BlinkerLeft, 4680);
-        EXPECT_EQ(f.s->BlinkerVisible, visible);
+        std::string rowsShown;
         for (int i = 0; i <= 4; ++i)
-            EXPECT_EQ(f.s->RowVisible(i), i <= std::min(shownRows, 4)) << i;
-        EXPECT_EQ(f.host.Focused, focusedRow < 0 ? Rows{} : Rows{focusedRow});
+            rowsShown += f.s->RowVisible(i) ? 'y' : 'n';
+        EXPECT_EQ(std::tuple(f.s->ShownRows, f.s->BlinkerTop, f.s->BlinkerLeft, f.s->BlinkerVisible,
+                             rowsShown, f.host.Focused),
+                  std::tuple(shownRows, 1700 + shownRows * 840, 4680, visible,
+                             std::string("yyyyynnnn").substr(4 - std::min(shownRows, 4), 5),
+                             focusedRow < 0 ? Rows{} : Rows{focusedRow}));
     }
 }
 
@@ -70,29 +71,24 @@ TEST(MainCommands, ClearDataAsksAndOnlyYesErasesTheRowsOrInRegressionModeTheSeri
         Blinker_Click(*f.s);
         f.Type("x+1");
         mnuGraphIt_Click(*f.s);
-        f.s->ViewXMax = 7;
-        f.s->ViewDragged = true;
-        f.s->Slider1 = 8;
-        f.s->RoundDigits = 1;
-        f.s->Picture1(0) = 0x123456;
+        std::tie(f.s->ViewXMax, f.s->ViewDragged, f.s->Slider1, f.s->RoundDigits,
+                 f.s->Picture1(0)) = std::tuple(7.0, true, 8, 1, 0x123456u);
         f.platform.MsgBoxAnswers.push_back(erased ? MsgResultYes : MsgResultNo);
 
         mnuClearData_Click(*f.s);
 
         ASSERT_EQ(f.platform.Messages(), Texts{ClearDataQuestion});
         EXPECT_EQ(f.platform.Calls[0].Style, MsgYesNo);
-        EXPECT_EQ(EntryText(*f.s, 0) + "|" + EntryText(*f.s, 1), erased ? "|" : "2x|x+1");
-        // {row 1 shown, ShownRows, ActiveSlot, BlinkerTop, ViewXMax, ViewDragged}
-        EXPECT_EQ(std::tuple(f.s->RowVisible(1), f.s->ShownRows, f.s->ActiveSlot, f.s->BlinkerTop,
-                             f.s->ViewXMax, f.s->ViewDragged),
-                  erased ? std::tuple(false, 0, 0, 1700, 20.0, false)
-                         : std::tuple(true, 1, 1, 1700 + 840, 7.0, true));
-        // The graph commands close with the rows.
-        EXPECT_EQ(f.s->Toolbar1(1).Enabled, !erased);
-        EXPECT_EQ(f.s->MenuEnabled.at("mnuGraphIt"), !erased);
-        // Colours, line width and the round option survive.
-        EXPECT_EQ(std::tuple(f.s->Slider1, f.s->RoundDigits), std::tuple(8, 1));
-        EXPECT_EQ(f.s->Picture1(0), 0x123456u);
+        // {rows, row 1 shown, ShownRows, ActiveSlot, BlinkerTop, ViewXMax, ViewDragged, the
+        // graph commands}; colours, line width and the round option survive.
+        EXPECT_EQ(std::tuple(EntryText(*f.s, 0) + "|" + EntryText(*f.s, 1), f.s->RowVisible(1),
+                             f.s->ShownRows, f.s->ActiveSlot, f.s->BlinkerTop, f.s->ViewXMax,
+                             f.s->ViewDragged, f.s->Toolbar1(1).Enabled,
+                             f.s->MenuEnabled.at("mnuGraphIt")),
+                  erased ? std::tuple("|", false, 0, 0, 1700, 20.0, false, false, false)
+                         : std::tuple("2x|x+1", true, 1, 1, 1700 + 840, 7.0, true, true, true));
+        EXPECT_EQ(std::tuple(f.s->Slider1, f.s->RoundDigits, f.s->Picture1(0)),
+                  std::tuple(8, 1, 0x123456u));
     }
     // In regression mode the series goes instead, and the rows stay.
     Fixture f;
@@ -123,9 +119,8 @@ TEST(MainCommands, ToolbarKeysRunTheirCommands) {
         Fixture f;
         f.Type(typedFirst);
         Toolbar1_ButtonClick(*f.s, key);
-        EXPECT_EQ(EntryText(*f.s, 0), rowAfter);
-        EXPECT_EQ(f.s->ViewXMax, viewXMax);
-        EXPECT_TRUE(f.platform.Calls.empty());
+        EXPECT_EQ(std::tuple(EntryText(*f.s, 0), f.s->ViewXMax, f.platform.Calls.size()),
+                  std::tuple(rowAfter, viewXMax, 0u));
     }
     // The keys of windows that are not bound say so.
     for (const char* key : {"print", "save", "open", "fx", "area", "regress"}) {
@@ -155,9 +150,10 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
     for (const auto& [key, view] : cases) {
         Fixture f;
         Paper_KeyDown(*f.s, 0, key, 0);
-        EXPECT_EQ((std::array{f.s->ViewXMin, f.s->ViewXMax, f.s->ViewYMin, f.s->ViewYMax}), view)
+        EXPECT_EQ(std::tuple(std::array{f.s->ViewXMin, f.s->ViewXMax, f.s->ViewYMin, f.s->ViewYMax},
+                             f.s->TokenCount(0)),
+                  std::tuple(view, 0))
             << key;
-        EXPECT_EQ(f.s->TokenCount(0), 0);
     }
     // The zoom buttons give the focus back to the row outside regression mode.
     for (int check1 : {0, 1}) {
@@ -166,20 +162,23 @@ TEST(MainCommands, RowsPassOnlyTheEightNavigationKeysAndTheZoomButtonsGiveTheFoc
         f.host.Focused.clear();
         f.s->Check1 = check1;
         Command2_Click(*f.s);
-        EXPECT_EQ(f.s->ViewXMax, 10);
+        const double zoomedIn = f.s->ViewXMax;
         Command6_Click(*f.s);
-        EXPECT_EQ(f.s->ViewXMax, 20);
-        EXPECT_EQ(f.host.Focused, (check1 == 0 ? Rows{1, 1} : Rows{})) << check1;
+        EXPECT_EQ(std::tuple(zoomedIn, f.s->ViewXMax, f.host.Focused),
+                  std::tuple(10.0, 20.0, check1 == 0 ? Rows{1, 1} : Rows{}))
+            << check1;
     }
 }
 
 TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
     // {keys into row 0, another row left incomplete (-1: none), the commands open}: Backspace
-    // on an empty row is a keystroke too.
+    // on an empty row is a keystroke too; an unfinished row anywhere closes them. Enter then
+    // graphs only while they are open, and is not typed.
     // clang-format off
     const std::tuple<const char*, int, bool> cases[] = {
         {"x+1", -1, true}, {"x+", -1, false}, {"\b", -1, false}, {"x+1", 9, false},
-        {"x^", 3, false}};
+        {"x^", 3, false}, {"2x^2+(x)", -1, true}, {"(x", -1, false}, {"|x", -1, false},
+        {"x", 1, false}, {"|x|", -1, true}};
     // clang-format on
     for (const auto& [keys, otherIncomplete, open] : cases) {
         SCOPED_TRACE(keys);
@@ -188,10 +187,14 @@ TEST(MainCommands, EveryKeystrokeSetsTheGraphCommandsFromCanGraph) {
         if (otherIncomplete >= 0) f.s->SlotIncomplete(otherIncomplete) = true;
         f.Type(keys);
         ASSERT_EQ(CanGraph(*f.s), open);
-        for (int button : {1, 12, 13})
-            EXPECT_EQ(f.s->Toolbar1(button).Enabled, open) << button;
-        for (const char* item : {"mnuGraphIt", "mnuEvaluate", "mnuShade"})
-            EXPECT_EQ(f.s->MenuEnabled.at(item), open) << item;
+        EXPECT_EQ(std::vector<bool>({f.s->Toolbar1(1).Enabled, f.s->Toolbar1(12).Enabled,
+                                     f.s->Toolbar1(13).Enabled, f.s->MenuEnabled.at("mnuGraphIt"),
+                                     f.s->MenuEnabled.at("mnuEvaluate"),
+                                     f.s->MenuEnabled.at("mnuShade")}),
+                  std::vector<bool>(6, open));
+        Paper_KeyPress(*f.s, 0, EnterKey);
+        EXPECT_EQ(std::tuple(f.host.Graphs, f.s->KeyAccepted, EntryText(*f.s, 0)),
+                  std::tuple(open ? 1 : 0, false, *keys == '\b' ? "" : keys));
     }
 }
 

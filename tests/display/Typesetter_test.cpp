@@ -13,15 +13,6 @@
 namespace vt::test {
 namespace {
 
-// A row-sized recording surface, 289 by 41 pixels in a pixel scale, in OrlentisFont 12. With
-// the recording surface's metrics a character is 8 pixels wide at size 12 and 16/3 at size 8.
-RecordingSurface MakeRow(int width = 289, int height = 41) {
-    RecordingSurface row(width, height);
-    row.FontName = "OrlentisFont";
-    row.FontSize = 12;
-    return row;
-}
-
 // The printed glyphs as "text@x,y" with six significant digits.
 std::vector<std::string> Glyphs(const RecordingSurface& surface) {
     std::vector<std::string> out;
@@ -36,12 +27,14 @@ constexpr auto Screen = TypesetTarget::Screen;
 constexpr auto Printer = TypesetTarget::Printer;
 constexpr auto Regression = TypesetTarget::RegressionWindow;
 
-// A row (289 wide), the printed page (scaled 800 by 600) or the regression window, each at size
-// 12 with one unit a pixel, so that a character is 8 units wide.
+// A row (289 by 41), the printed page (scaled 800 by 600) or the regression window, each in a
+// pixel scale at size 12. With the recording surface's metrics a character is 8 pixels wide at
+// size 12 and 16/3 at size 8.
 RecordingSurface SurfaceFor(TypesetTarget target) {
-    if (target == Printer) return MakeRow(800, 600);
-    RecordingSurface surface = MakeRow(target == Screen ? 289 : 300, 200);
-    if (target == Regression) surface.FontName = "Book Antiqua";
+    const bool page = target == Printer, row = target == Screen;
+    RecordingSurface surface(page ? 800 : row ? 289 : 300, page ? 600 : row ? 41 : 200);
+    surface.FontName = target == Regression ? "Book Antiqua" : "OrlentisFont";
+    surface.FontSize = 12;
     return surface;
 }
 
@@ -93,9 +86,7 @@ TEST(Typesetter, PlacesEveryGlyphByTheFiguresOfItsSurface) {
             joined += glyph + "|";
         EXPECT_EQ(joined, glyphs) << text;
     }
-}
-
-TEST(Typesetter, ExponentIsSizeEightWhateverTheRow) {
+    // The exponent is size 8 whatever the row's size.
     Session s;
     auto row = SurfaceFor(Screen);
     row.FontSize = 20;
@@ -163,18 +154,17 @@ TEST(Typesetter, FailureStopsTheTextShowsTheMessageAndResetsTheFontSize) {
         {Printer, "x", true}, {Regression, "^2", true}};
     // clang-format on
     for (const auto& [target, text, fails] : cases) {
-        SCOPED_TRACE(text.size());
         PlotSession g;
         auto out = SurfaceFor(target);
         out.FontSize = 10;
         Typeset(g.s, out, text, target, false, true, "green");
-        EXPECT_EQ(g.host.Messages(), fails ? Texts{DisplayFailureText} : Texts{});
-        EXPECT_EQ(std::tuple(out.FontSize, !out.Prints.empty() && out.Prints.back().Text == " ",
-                             out.ForeColor),
-                  std::tuple(fails ? 12 : 10, !fails,
+        EXPECT_EQ(std::tuple(g.host.Messages(), out.FontSize,
+                             !out.Prints.empty() && out.Prints.back().Text == " ", out.ForeColor),
+                  std::tuple(fails ? Texts{DisplayFailureText} : Texts{}, fails ? 12 : 10, !fails,
                              text[0] == '['         ? 255u
                              : target == Regression ? 0xFF0000
-                                                    : 0));
+                                                    : 0))
+            << text.size();
     }
     Session s; // without a window nobody is told, and the drawing stops all the same
     auto row = SurfaceFor(Screen);
@@ -212,7 +202,7 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
     for (const auto& [filledRows, lastFilledBefore, lastFilledAfter, failingRow] : cases) {
         PlotSession g;
         Session& s = g.s;
-        std::vector<RecordingSurface> rows(UsableSlots, MakeRow());
+        std::vector<RecordingSurface> rows(UsableSlots, SurfaceFor(Screen));
         for (int i = 0; i < UsableSlots; ++i) {
             rows[i].CurrentX = 100; // where the last paint left the pen
             g.shell.Papers[i] = &rows[i];
@@ -220,8 +210,7 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
         for (int row : filledRows)
             SetRowText(s, row, "x^2^+S(x)");
         if (failingRow >= 0) SetRowText(s, failingRow, "^2");
-        s.ActiveSlot = 2;
-        s.LastFilledSlot = lastFilledBefore;
+        std::tie(s.ActiveSlot, s.LastFilledSlot) = std::tuple(2, lastFilledBefore);
 
         RedrawPapers(s);
 
@@ -245,8 +234,7 @@ TEST(RedrawPapers, TypesetsEveryRowAfreshAndNotesTheLastRowWithText) {
 struct ExplainForm : PlotSession {
     RecordingSurface form;
     explicit ExplainForm(int pixelWidth) : form(pixelWidth, 1200) {
-        form.FontName = ExplainFontName;
-        form.FontSize = ExplainFontSize;
+        std::tie(form.FontName, form.FontSize) = std::tuple(ExplainFontName, ExplainFontSize);
     }
     // The text of each typesetter call: its characters up to the line's closing blank.
     Texts Lines() const {
@@ -259,10 +247,7 @@ struct ExplainForm : PlotSession {
 };
 
 std::string Repeat(const std::string& part, int times) {
-    std::string out;
-    for (int i = 0; i < times; ++i)
-        out += part;
-    return out;
+    return times > 0 ? part + Repeat(part, times - 1) : "";
 }
 
 TEST(RegressionWindow, BreaksAtBlanksOrWhereTheLineOverflowsAndSizesItsHeight) {
@@ -271,37 +256,33 @@ TEST(RegressionWindow, BreaksAtBlanksOrWhereTheLineOverflowsAndSizesItsHeight) {
     // fit on a line. The break falls at the last blank before the overflow; a sign that
     // overflowed begins the next line. With no blank the character that overflowed goes on the
     // next line; a form narrower than one character still ends.
+    // clang-format off
+    const int oneLine = 630 + 18 * 15, twoLines = 630 + 36 * 15;
     const std::tuple<int, std::string, Texts, int> cases[] = {
-        {360, "f(x) =", {"f(x) ="}, 630 + 18 * 15},
-        {360, "f(x) =  2x + 1", {"f(x) =  2x + 1"}, 630 + 18 * 15},
-        {360,
-         "f(x) =  " + Repeat("1234567890 + ", 5),
+        {360, "f(x) =", {"f(x) ="}, oneLine}, {4, "abc", {"a", "b", "c"}, -1},
+        {360, "f(x) =  2x + 1", {"f(x) =  2x + 1"}, oneLine},
+        {360, "f(x) =  " + Repeat("1234567890 + ", 5),
          {"f(x) =  1234567890 + 1234567890 + 1234567890", "+ 1234567890 + 1234567890 + "},
-         630 + 36 * 15},
-        {360,
-         "f(x) = " + Repeat("123456789 + ", 6),
+         twoLines},
+        {360, "f(x) = " + Repeat("123456789 + ", 6),
          {"f(x) = 123456789 + 123456789 + 123456789 +", "123456789 + 123456789 + 123456789 + "},
-         630 + 36 * 15},
-        {360, Repeat("a", 50), {Repeat("a", 45), "aaaaa"}, 630 + 36 * 15},
-        {4, "abc", {"a", "b", "c"}, -1}};
+         twoLines},
+        {360, Repeat("a", 50), {Repeat("a", 45), "aaaaa"}, twoLines}};
+    // clang-format on
     for (const auto& [width, equation, lines, height] : cases) {
         SCOPED_TRACE(equation);
         ExplainForm f(width);
         f.s.RegressionEquation = equation;
         const int shownHeight = ShowEquation(f.s, f.form);
-        EXPECT_EQ(height < 0 ? -1 : shownHeight, height);
         // Printed in points, left in pixels.
-        EXPECT_EQ(
-            std::tuple(f.Lines(), f.host.Messages().size(), f.form.ScaleWidth, f.form.ScaleHeight),
-            std::tuple(lines, 0u, float(width), 1200.0f));
+        EXPECT_EQ(std::tuple(height < 0 ? -1 : shownHeight, f.Lines(), f.host.Messages().size(),
+                             f.form.ScaleWidth, f.form.ScaleHeight),
+                  std::tuple(height, lines, 0u, float(width), 1200.0f));
     }
-}
-
-TEST(RegressionWindow, TitleFollowsTheTrend) {
+    // The title follows the trend.
     Session s;
     EXPECT_EQ(ExplainCaption(s), "Linear Regression Equation");
-    s.Panel.LinearOn = false;
-    s.Panel.PolynomialOn = true;
+    std::tie(s.Panel.LinearOn, s.Panel.PolynomialOn) = std::tuple(false, true);
     EXPECT_EQ(ExplainCaption(s), "Polynomial Regression Equation");
 }
 

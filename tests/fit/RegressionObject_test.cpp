@@ -60,9 +60,9 @@ TEST(RegressionObject, FitsAndWritesTheEquation) {
         }
         for (std::size_t k = 0; k < coefficients.size(); ++k)
             EXPECT_NEAR(fit.Coeff(static_cast<int>(k)), coefficients[k], 1e-12) << "x^" << k;
-        EXPECT_EQ(fit.Coeff(-1), fit.Coeff(1));
-        EXPECT_EQ(fit.Coeff(static_cast<int>(coefficients.size())), 0);
-        EXPECT_EQ(std::tuple(fit.ReturnRegEq(), fit.Solved()), std::tuple(equation, solved));
+        EXPECT_EQ((std::tuple{fit.Coeff(-1), fit.Coeff(static_cast<int>(coefficients.size())),
+                              fit.ReturnRegEq(), fit.Solved()}),
+                  std::tuple(fit.Coeff(1), 0.0, equation, solved));
     }
 }
 
@@ -107,8 +107,7 @@ TEST(RegressionObject, DegreeWriteChecksRangeAndEmpties) {
     }
     // Writing the same degree empties as well.
     RegressionObject fit = Fit(1, {{1, 2}});
-    EXPECT_FALSE(fit.SetDegree(fit.Degree()));
-    EXPECT_EQ(fit.XYCount(), 0);
+    EXPECT_EQ((std::tuple{bool(fit.SetDegree(fit.Degree())), fit.XYCount()}), std::tuple(false, 0));
 }
 
 TEST(RegressionObject, OverflowReachesTheCallerWithSumsAsFarAsTheyGot) {
@@ -131,14 +130,14 @@ TEST(RegressionObject, OverflowReachesTheCallerWithSumsAsFarAsTheyGot) {
     }
 
     // A value whose power overflows is no value; one that only comes near is.
-    RegressionObject parabola = Fit(2, {{0, 0}, {1, 1}, {2, 4}});
-    EXPECT_FALSE(parabola.RegVal(1e200));
-    EXPECT_FALSE(parabola.RegVal(-1e155));
-    EXPECT_TRUE(parabola.RegVal(1e150));
-    // A fit whose value is near the largest Double overflows when it is multiplied further.
-    RegressionObject steep = Fit(1, {{0, 0}, {1, 1e300}});
-    EXPECT_TRUE(steep.RegVal(100));
-    EXPECT_FALSE(steep.RegVal(1e10));
+    // A value whose power overflows is no value; one that only comes near is. A fit whose value
+    // is near the largest Double overflows when it is multiplied further.
+    RegressionObject parabola = Fit(2, {{0, 0}, {1, 1}, {2, 4}}),
+                     steep = Fit(1, {{0, 0}, {1, 1e300}});
+    EXPECT_EQ(std::vector<bool>({bool(parabola.RegVal(1e200)), bool(parabola.RegVal(-1e155)),
+                                 bool(parabola.RegVal(1e150)), bool(steep.RegVal(100)),
+                                 bool(steep.RegVal(1e10))}),
+              std::vector<bool>({false, false, true, true, false}));
 }
 
 } // namespace

@@ -30,15 +30,14 @@ TEST(Painter, GridAndAxesByTheViewsSize) {
         {{0, 0, 0, 0}, false, 2, 2}};
     // clang-format on
     for (const auto& [view, hidden, gridLines, axes] : cases) {
-        SCOPED_TRACE(testing::Message() << view[0] << ".." << view[1] << " by " << view[2] << ".."
-                                        << view[3] << (hidden ? " hidden" : ""));
         PlotSession g({"x"});
         g.SetView(view);
         g.s.HideGridChecked = hidden;
         RedrawGraph(g.s);
-        EXPECT_EQ(g.box.StrokesIn(GridBlue, 1).size(), gridLines);
-        EXPECT_EQ(g.box.StrokesIn(0x000000, 2).size(), axes);
-        EXPECT_EQ(g.s.MousePointer, g.s.DefaultPointer);
+        EXPECT_EQ(std::tuple(g.box.StrokesIn(GridBlue, 1).size(),
+                             g.box.StrokesIn(0x000000, 2).size(), g.s.MousePointer),
+                  std::tuple(gridLines, axes, g.s.DefaultPointer))
+            << view[0] << ".." << view[1] << " by " << view[2] << ".." << view[3] << hidden;
     }
 }
 
@@ -56,19 +55,16 @@ TEST(Painter, ShadingPaintsTwiceAndFillsBetweenTheWalls) {
     for (const auto& [keys, from, to, fillsAbove, fillsBelow, breakWalls, bracket] : cases) {
         SCOPED_TRACE(keys);
         PlotSession g({keys});
-        g.s.BracketNegativeX = bracket;
-        g.s.ShadeOn = true;
-        g.s.ShadeFrom = from;
-        g.s.ShadeTo = to;
+        std::tie(g.s.BracketNegativeX, g.s.ShadeOn, g.s.ShadeFrom, g.s.ShadeTo) =
+            std::tuple(bracket, true, from, to);
         RedrawGraph(g.s);
         std::size_t above = 0, below = 0;
         for (const auto& f : g.box.Fills)
             (f[1] == 199 ? above : below) += 1;
         EXPECT_EQ(std::tuple(above, below), std::tuple(fillsAbove, fillsBelow));
         for (const std::string& line : g.box.Log)
-            if (line.rfind("FloodFill", 0) == 0) {
-                EXPECT_NE(line.find("surface=16777215 fill=14737632 style=0"), std::string::npos);
-            }
+            EXPECT_TRUE(line.rfind("FloodFill", 0) ||
+                        line.find("surface=16777215 fill=14737632 style=0") != std::string::npos);
         // The band's frame in the shade colour, erased in white. Two passes: the numbers twice,
         // and the list holds the second pass's items, whose keys go on from the first. The
         // break list erased at the end.
@@ -91,9 +87,7 @@ TEST(Painter, FirstPaintSetsDefaultsAndRegressionModeDrawsNoCurve) {
               std::tuple(11, "16766596", "255"));
     // A later paint keeps the colours; in regression mode it stops before the curves and
     // leaves the break list as it is.
-    g.s.GridColor = "65280";
-    g.s.Check1 = 1;
-    g.s.BreakCount = 3;
+    std::tie(g.s.GridColor, g.s.Check1, g.s.BreakCount) = std::tuple("65280", 1, 3);
     g.box.Strokes.clear();
     RedrawGraph(g.s);
     EXPECT_EQ(std::tuple(g.box.StrokesIn(65280, 1).size(), g.box.StrokesIn(Red, 3).size(),
@@ -101,40 +95,34 @@ TEST(Painter, FirstPaintSetsDefaultsAndRegressionModeDrawsNoCurve) {
               std::tuple(82u, 0u, 3, g.s.DefaultPointer));
 }
 
-TEST(View, ZoomIsAboutTheOriginAndGuardedByTheXBoundsOnly) {
-    // {view, zoom in, view after; unchanged: refused, and nothing is painted}. The x bounds
-    // summing to 1 refuse; a view away from 0 moves towards it; y plays no part.
+TEST(View, ZoomAndKeysMoveTheView) {
+    // {view, a key or a zoom in or out, view after}. The zoom is about the origin: x bounds
+    // summing to 1 refuse, and a refused zoom paints nothing; a view away from 0 moves towards
+    // it; y plays no part. The keys slide by fixed amounts that do not follow the zoom, and
+    // always repaint; any other key only repaints.
+    constexpr int In = -1, Out = -2;
+    const View k{-2.5, 0.5, 100, 104};
     // clang-format off
-    const std::tuple<View, bool, View> cases[] = {
-        {{-1, 1, -1, 1}, true, {-0.5, 0.5, -0.5, 0.5}}, {{10, 30, -20, 20}, true, {5, 15, -10, 10}},
-        {{-0.5, 0.5, -0.5, 0.5}, true, {-0.5, 0.5, -0.5, 0.5}},
-        {{-20, 20, -0.5, 0.5}, true, {-10, 10, -0.25, 0.25}},
-        {{-81920, 81920, -20, 20}, false, {-163840, 163840, -40, 40}},
-        {{-163840, 163840, -1, 1}, false, {-163840, 163840, -1, 1}}};
+    const std::tuple<View, int, View> cases[] = {
+        {{-1, 1, -1, 1}, In, {-0.5, 0.5, -0.5, 0.5}}, {{10, 30, -20, 20}, In, {5, 15, -10, 10}},
+        {{-0.5, 0.5, -0.5, 0.5}, In, {-0.5, 0.5, -0.5, 0.5}},
+        {{-20, 20, -0.5, 0.5}, In, {-10, 10, -0.25, 0.25}},
+        {{-81920, 81920, -20, 20}, Out, {-163840, 163840, -40, 40}},
+        {{-163840, 163840, -1, 1}, Out, {-163840, 163840, -1, 1}},
+        {k, KeyUp, {-2.5, 0.5, 101, 105}}, {k, KeyDown, {-2.5, 0.5, 99, 103}},
+        {k, KeyLeft, {-3.5, -0.5, 100, 104}}, {k, KeyRight, {-1.5, 1.5, 100, 104}},
+        {k, KeyPageUp, {-2.5, 0.5, 110, 114}}, {k, KeyPageDown, {-2.5, 0.5, 90, 94}},
+        {k, KeyHome, {-12.5, -9.5, 100, 104}}, {k, KeyEnd, {7.5, 10.5, 100, 104}}, {k, 65, k}};
     // clang-format on
-    for (const auto& [start, in, end] : cases) {
-        SCOPED_TRACE(testing::Message() << start[0] << (in ? " in" : " out"));
+    for (const auto& [start, action, end] : cases) {
         PlotSession g;
         g.SetView(start);
-        in ? ZoomIn(g.s) : ZoomOut(g.s);
-        EXPECT_EQ(g.ViewNow(), end);
-        EXPECT_EQ(g.box.Clears, end == start ? 0 : 1);
-    }
-}
-
-TEST(View, KeysSlideTheViewByFixedAmounts) {
-    // {key, x moved by, y moved by}: any other key only redraws.
-    // clang-format off
-    const std::vector<std::array<int, 3>> cases = {
-        {KeyUp, 0, 1}, {KeyDown, 0, -1}, {KeyLeft, -1, 0}, {KeyRight, 1, 0}, {KeyPageUp, 0, 10},
-        {KeyPageDown, 0, -10}, {KeyHome, -10, 0}, {KeyEnd, 10, 0}, {65, 0, 0}};
-    // clang-format on
-    for (const auto& [key, dx, dy] : cases) {
-        PlotSession g;
-        g.SetView({-2.5, 0.5, 100, 104}); // the amounts do not follow the zoom
-        frmGraph_KeyDown(g.s, key, 0);
-        EXPECT_EQ(g.ViewNow(), (View{-2.5 + dx, 0.5 + dx, 100.0 + dy, 104.0 + dy})) << key;
-        EXPECT_EQ(g.box.Clears, 1);
+        action == In    ? ZoomIn(g.s)
+        : action == Out ? ZoomOut(g.s)
+                        : frmGraph_KeyDown(g.s, action, 0);
+        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears),
+                  std::tuple(end, action >= 0 || end != start ? 1 : 0))
+            << start[0] << " " << action;
     }
 }
 
@@ -239,9 +227,7 @@ TEST(Appearance, ColourCommandsStartFromTheirColourAndTakeTheAnswer) {
 
 TEST(Appearance, DefaultColoursSetTheWholeTableButNotTheLineWidth) {
     LookSession g;
-    g.s.GridColor = "1";
-    g.s.ShadeColor = "2";
-    g.s.GraphBackColor = 3;
+    std::tie(g.s.GridColor, g.s.ShadeColor, g.s.GraphBackColor) = std::tuple("1", "2", 3u);
     for (int i = 0; i <= 6; ++i)
         g.s.Picture1(i) = 0x010101 * static_cast<Colour>(i + 1);
     g.s.Slider1 = 7;
@@ -314,12 +300,12 @@ void Trace(PlotSession& g, PaintRun run = {}) {
 }
 
 bool HasStroke(const PlotSession& g, Segment l) {
-    for (const Stroke& k : g.box.StrokesIn(Red, 3))
-        if (std::fabs(k.X1 - l[0]) + std::fabs(k.Y1 - l[1]) + std::fabs(k.X2 - l[2]) +
-                std::fabs(k.Y2 - l[3]) <
-            1e-4)
-            return true;
-    return false;
+    const auto near = [&](const Stroke& k) {
+        return std::fabs(k.X1 - l[0]) + std::fabs(k.Y1 - l[1]) + std::fabs(k.X2 - l[2]) +
+                   std::fabs(k.Y2 - l[3]) <
+               1e-4;
+    };
+    return std::ranges::any_of(g.box.StrokesIn(Red, 3), near);
 }
 
 TEST(Tracing, BreaksPolesAndGapsAtTheDefaultView) {
@@ -421,11 +407,10 @@ TEST(AutoGraph, DoublesTheViewUntilACurveShows) {
         PlotSession g({keys});
         g.s.ViewDragged = dragged;
         AutoGraph(g.s);
-        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears, g.host.Calls.size()),
-                  std::tuple(View{-bound, bound, -bound, bound}, paints, message ? 1u : 0u));
-        EXPECT_EQ(g.host.Messages(),
-                  message ? Texts{"The function could not be graphed within the maximum limits."}
-                          : Texts{});
+        const Texts said = {"The function could not be graphed within the maximum limits."};
+        EXPECT_EQ(std::tuple(g.ViewNow(), g.box.Clears, g.host.Messages(), g.host.Calls.size()),
+                  std::tuple(View{-bound, bound, -bound, bound}, paints, message ? said : Texts{},
+                             message ? 1u : 0u));
         EXPECT_TRUE(g.host.Calls.empty() || g.host.Calls[0].Style == MsgOkOnly);
     }
 }

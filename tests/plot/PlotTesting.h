@@ -82,8 +82,7 @@ struct PlotSession {
 
     // The rows in order; an empty text leaves its row untouched.
     explicit PlotSession(std::vector<std::string> rows = {}) {
-        shell.Graph = &box;
-        shell.Messages = &host;
+        std::tie(shell.Graph, shell.Messages) = std::tuple(&box, &host);
         s.BindHost(&shell);
         SetKeyMask(s);
         for (std::size_t i = 0; i < rows.size(); ++i)

@@ -20,16 +20,12 @@ BreakdownRun RunTokens(Session& s, const std::string& spaced) {
     return RunBreakdown(s);
 }
 BreakdownRun RunTokens(const std::string& spaced) {
-    auto s = std::make_unique<Session>();
-    return RunTokens(*s, spaced);
+    return RunTokens(*std::make_unique<Session>(), spaced);
 }
 
 // n copies of a piece, joined with blanks.
 std::string Repeat(const std::string& piece, int n) {
-    std::string out;
-    for (int i = 0; i < n; ++i)
-        out += piece + " ";
-    return out;
+    return n > 0 ? piece + " " + Repeat(piece, n - 1) : "";
 }
 
 } // namespace
@@ -41,9 +37,10 @@ TEST(Breakdown, TypedEquationGoesThroughEveryStage) {
     ASSERT_EQ(CopySlotToBreakdown(*s, 0), BreakdownError::None);
     const BreakdownRun run = RunBreakdown(*s);
     ASSERT_EQ(run.Error, BreakdownError::None);
-    EXPECT_EQ(run.Merged, (Tokens{"2", "x", "^", "2", "+", "S", "(", "x", ")"}));
-    EXPECT_EQ(run.Normalised, (Tokens{"+", "2", "x", "^", "2", "+", "S", "(", "+", "x", ")"}));
-    EXPECT_EQ(run.Text, "+2/1x^+2+1/1S");
+    EXPECT_EQ(std::tuple(run.Merged, run.Normalised, run.Text),
+              std::tuple(Tokens{"2", "x", "^", "2", "+", "S", "(", "x", ")"},
+                         Tokens{"+", "2", "x", "^", "2", "+", "S", "(", "+", "x", ")"},
+                         "+2/1x^+2+1/1S"));
     ASSERT_EQ(run.Terms.size(), 2u);
     EXPECT_EQ(std::tuple(run.Terms[0].Num, run.Terms[0].Letters, run.Terms[1].Letters),
               std::tuple(2.0f, "x^2", "S"));
@@ -55,8 +52,8 @@ TEST(Breakdown, TypedEquationGoesThroughEveryStage) {
     // char2str_graph gives the same text from the same tokens.
     ASSERT_EQ(CopySlotToBreakdown(*s, 0), BreakdownError::None);
     std::string text;
-    EXPECT_EQ(char2str_graph(*s, text), BreakdownError::None);
-    EXPECT_EQ(text, run.Text);
+    EXPECT_EQ((std::tuple{char2str_graph(*s, text), text}),
+              std::tuple(BreakdownError::None, run.Text));
 }
 
 TEST(Breakdown, StagesJoinNumbersAndMakeSignsExplicit) {
@@ -113,18 +110,17 @@ TEST(Breakdown, ClearingReachesOnlyNearTheLastRun) {
 }
 
 TEST(Breakdown, ErrorsStopTheRunAndAreReported) {
-    // {tokens; the error}.
+    // {tokens; the error}: 11 letters in a term, group 21, term 101, a 52nd part in group 1, a
+    // closing with nothing open; beyond a single-precision number; no exponent digits after the
+    // sign's place.
+    constexpr auto Subscript = BreakdownError::Subscript, Overflow = BreakdownError::Overflow;
+    // clang-format off
     const std::pair<std::string, BreakdownError> cases[] = {
-        {Repeat("x", 11), BreakdownError::Subscript}, // 11 letters in a term
-        {Repeat("(", 21) + "x" + Repeat(")", 21), BreakdownError::Subscript}, // group 21
-        {Repeat("+ x", 101), BreakdownError::Subscript},                      // term 101
-        {Repeat("( x )", 52), BreakdownError::Subscript}, // a 52nd part in group 1
-        {"x ) + y", BreakdownError::Subscript},           // a closing with nothing open
-        {"x / 0", BreakdownError::DivisionByZero},
-        {"0 x / 0", BreakdownError::Overflow},
-        {"1 E + 3 9 x", BreakdownError::Overflow}, // beyond a single-precision number
-        {"1 E 5", BreakdownError::TypeMismatch},   // no exponent digits after the sign's place
-    };
+        {Repeat("x", 11), Subscript}, {Repeat("(", 21) + "x" + Repeat(")", 21), Subscript},
+        {Repeat("+ x", 101), Subscript}, {Repeat("( x )", 52), Subscript}, {"x ) + y", Subscript},
+        {"x / 0", BreakdownError::DivisionByZero}, {"0 x / 0", Overflow}, {"1 E + 3 9 x", Overflow},
+        {"1 E 5", BreakdownError::TypeMismatch}};
+    // clang-format on
     for (const auto& [tokens, error] : cases) {
         const BreakdownRun run = RunTokens(tokens);
         EXPECT_EQ(std::tuple(run.Error, run.Text, run.Terms.size()), std::tuple(error, "", 0u))
@@ -185,13 +181,13 @@ TEST(Breakdown, RelationAndTrim) {
     for (const auto& [tokens, relation] : cases) {
         ASSERT_EQ(SetBreakdownTokens(b, SplitBreakdownTokens(tokens)), BreakdownError::None);
         int at = -1;
-        EXPECT_EQ(FindRelation(b, at), BreakdownError::None);
-        EXPECT_EQ(at, relation) << tokens;
+        EXPECT_EQ((std::tuple{FindRelation(b, at), at}), std::tuple(BreakdownError::None, relation))
+            << tokens;
     }
     b.BreakdownTokens(1) = "";
     b.BreakdownCount = 9;
-    EXPECT_EQ(TrimBreakdownCount(b), BreakdownError::None);
-    EXPECT_EQ(b.BreakdownCount, 1);
+    EXPECT_EQ((std::tuple{TrimBreakdownCount(b), b.BreakdownCount}),
+              std::tuple(BreakdownError::None, 1));
 }
 
 TEST(Breakdown, AnyTokenListEndsInTextOrAnError) {
