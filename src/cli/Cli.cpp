@@ -133,8 +133,8 @@ std::optional<PictureChoice> PictureOptions(const QCommandLineParser& parser, co
     return choice;
 }
 
-std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& arguments,
-                                 Output& out) {
+std::optional<int> ParseOrHelp(QCommandLineParser& parser, const QStringList& arguments,
+                               Output& out) {
     const QCommandLineOption help = parser.addHelpOption();
     if (!parser.parse(arguments)) {
         out.Error("veritrace-cli: " + parser.errorText().toStdString());
@@ -144,6 +144,12 @@ std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& 
         out.Line(parser.helpText().toStdString());
         return ExitDone;
     }
+    return std::nullopt;
+}
+
+std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& arguments,
+                                 Output& out) {
+    if (const auto code = ParseOrHelp(parser, arguments, out)) return code;
     if (!parser.positionalArguments().isEmpty()) {
         out.Error("veritrace-cli: unexpected argument '" +
                   parser.positionalArguments().first().toStdString() + "'");

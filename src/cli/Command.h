@@ -58,8 +58,11 @@ void AddJsonOption(QCommandLineParser& parser);
 void AddBracketNegativeXOption(QCommandLineParser& parser);
 
 // Reads the arguments with the parser (which gets --help here). Returns the exit code to end
-// with now: 0 after printing the help, 2 after a parse error or a stray argument (with the
-// usage). None when the options are there to be read.
+// with now: 0 after printing the help, 2 after a parse error (with the usage). None when the
+// options are there to be read. ReadArguments also refuses a stray argument; ParseOrHelp leaves
+// the positional arguments to the command.
+std::optional<int> ParseOrHelp(QCommandLineParser& parser, const QStringList& arguments,
+                               Output& out);
 std::optional<int> ReadArguments(QCommandLineParser& parser, const QStringList& arguments,
                                  Output& out);
 

@@ -41,15 +41,7 @@ Parsed<LoadJob> ParseLoad(const QStringList& arguments, Output& out) {
         "also when the load stopped with its message (exit code 1).");
     parser.addPositionalArgument("FILE", "The graph data file (.vtx).");
     AddJsonOption(parser);
-    const QCommandLineOption help = parser.addHelpOption();
-    if (!parser.parse(arguments)) {
-        out.Error("veritrace-cli: " + parser.errorText().toStdString());
-        return BadArgument(out, parser.helpText().toStdString());
-    }
-    if (parser.isSet(help)) {
-        out.Line(parser.helpText().toStdString());
-        return ExitDone;
-    }
+    if (const auto code = ParseOrHelp(parser, arguments, out)) return *code;
     if (parser.positionalArguments().size() != 1) {
         out.Error("veritrace-cli load: give one graph data file");
         return BadArgument(out, parser.helpText().toStdString());
